@@ -1,0 +1,5 @@
+#include "Common/text.h"
+
+#include <windows.h>
+
+bool IsLeadByte(unsigned char byte) { return IsDBCSLeadByte(byte) != FALSE; }

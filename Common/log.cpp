@@ -1,0 +1,35 @@
+#include "Common/log.h"
+
+#include <algorithm>
+#include <cstdarg>
+#include <cstdio>
+
+namespace {
+
+constexpr std::size_t kMaxMessage = 2048;
+
+void Write(log_backend::Target target, const char* format, va_list arguments) {
+    if (!log_backend::IsOpenable(target))
+        return;
+    char message[kMaxMessage + 1];
+    const int length = std::vsnprintf(message, sizeof message, format, arguments);
+    if (length < 0)
+        return;
+    log_backend::Append(target, {message, std::min<std::size_t>(static_cast<std::size_t>(length), kMaxMessage)});
+}
+
+} // namespace
+
+void WriteLog(const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    Write(log_backend::Target::Main, format, arguments);
+    va_end(arguments);
+}
+
+void WriteRecordLog(const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    Write(log_backend::Target::Record, format, arguments);
+    va_end(arguments);
+}

@@ -1,0 +1,49 @@
+#include "Common/log.h"
+
+#include <windows.h>
+
+#include <array>
+#include <cstdio>
+
+namespace log_backend {
+namespace {
+
+// A missing log directory is the normal case, and asking for it costs more than all else in a log call. After a
+// file could not be opened it is left alone for this long, in milliseconds.
+constexpr ULONGLONG kRetryAfter = 1000;
+
+struct LogFile {
+    const char* path;
+    ULONGLONG silentUntil;
+};
+
+std::array<LogFile, 2> logFiles{{{"C:\\qpsp\\Log\\debugLog.txt", 0},
+                                 {"C:/Users/Public/Documents/Zephra/QPSP/Log/zqnprt.log", 0}}};
+
+LogFile& FileOf(Target target) { return logFiles[target == Target::Main ? 0 : 1]; }
+
+} // namespace
+
+bool IsOpenable(Target target) { return GetTickCount64() >= FileOf(target).silentUntil; }
+
+void Append(Target target, std::string_view message) {
+    LogFile& log = FileOf(target);
+    std::FILE* file = std::fopen(log.path, "a+");
+    if (!file) {
+        log.silentUntil = GetTickCount64() + kRetryAfter;
+        return;
+    }
+    const int length = static_cast<int>(message.size());
+    if (target == Target::Main) {
+        SYSTEMTIME now;
+        GetLocalTime(&now);
+        std::fprintf(file, "[%4d/%2d/%2d|%02d:%02d:%02d:%03d(%d)] %.*s", now.wYear, now.wMonth, now.wDay, now.wHour,
+                     now.wMinute, now.wSecond, now.wMilliseconds, static_cast<int>(GetCurrentProcessId()), length,
+                     message.data());
+    } else {
+        std::fprintf(file, "%.*s\n", length, message.data());
+    }
+    std::fclose(file);
+}
+
+} // namespace log_backend

@@ -1,0 +1,20 @@
+#include "Common/log_recorder.h"
+
+namespace log_backend {
+namespace {
+
+Recorder* current = nullptr;
+
+} // namespace
+
+Recorder::Recorder() { current = this; }
+Recorder::~Recorder() { current = nullptr; }
+
+bool IsOpenable(Target) { return current != nullptr; }
+
+void Append(Target target, std::string_view message) {
+    if (current)
+        (target == Target::Main ? current->main : current->record).emplace_back(message);
+}
+
+} // namespace log_backend

@@ -1,0 +1,68 @@
+// The plug-in's private block behind the public DEVMODE: its layout and the operations on it. The spooler keeps
+// such blocks per user and printer, so a block that comes in may hold anything.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+inline constexpr std::uint32_t kDevModeSize = 24112;
+inline constexpr std::uint32_t kDevModeSignature = 0x4D534654; // the bytes "TFSM"
+inline constexpr std::uint32_t kDevModeVersion = 2;
+
+namespace devmode {
+using U32 = std::uint32_t;
+using I32 = std::int32_t;
+using U64 = std::uint64_t;
+} // namespace devmode
+
+// Text fields are NUL-terminated in the process's ANSI code page when the plug-in wrote them, lengths are in
+// 1/14400 inch.
+struct PrivateDevMode {
+#define ZR_NUMBER(offset, type, name, value, route, travel) devmode::type name;
+#define ZR_TEXT(offset, name, width, value, travel, control) char name[width];
+#define ZR_SPARE_NUMBERS(offset, count, value) std::uint32_t reserved##offset[count];
+#define ZR_SPARE_TEXTS(offset, count, width, cleared, control) char reserved##offset[count][width];
+#define ZR_UNUSED(offset, bytes) unsigned char unused##offset[bytes];
+#include "oemps/private_devmode.def"
+#undef ZR_NUMBER
+#undef ZR_TEXT
+#undef ZR_SPARE_NUMBERS
+#undef ZR_SPARE_TEXTS
+#undef ZR_UNUSED
+};
+
+#define ZR_NUMBER(offset, type, name, value, route, travel) static_assert(offsetof(PrivateDevMode, name) == offset);
+#define ZR_TEXT(offset, name, width, value, travel, control) static_assert(offsetof(PrivateDevMode, name) == offset);
+#define ZR_SPARE_NUMBERS(offset, count, value) static_assert(offsetof(PrivateDevMode, reserved##offset) == offset);
+#define ZR_SPARE_TEXTS(offset, count, width, cleared, control)                                                         \
+    static_assert(offsetof(PrivateDevMode, reserved##offset) == offset);
+#define ZR_UNUSED(offset, bytes) static_assert(offsetof(PrivateDevMode, unused##offset) == offset);
+#include "oemps/private_devmode.def"
+#undef ZR_NUMBER
+#undef ZR_TEXT
+#undef ZR_SPARE_NUMBERS
+#undef ZR_SPARE_TEXTS
+#undef ZR_UNUSED
+static_assert(sizeof(PrivateDevMode) == kDevModeSize);
+
+// The operations on a record. It owns nothing; the record is the driver's.
+class CDevMode {
+  public:
+    explicit CDevMode(PrivateDevMode& record) : m_record(record) {}
+
+    // Writes the defaults, `size` into dwSize. What has no default keeps the bytes that the driver's buffer held.
+    // Returns 1.
+    int SetDefault(std::uint32_t size);
+
+    // Marks the record as changed by the user.
+    void SetModified();
+
+    // Copies the source field by field if its header equals the target's, else does nothing. Returns 1.
+    static int Convert(PrivateDevMode& target, const PrivateDevMode& source);
+
+    // Converts, and cleans the copied text of control characters. Returns 1.
+    static int Merge(PrivateDevMode& target, const PrivateDevMode& source);
+
+  private:
+    PrivateDevMode& m_record;
+};
