@@ -15,7 +15,8 @@ void Write(log_backend::Target target, const char* format, va_list arguments) {
     const int length = std::vsnprintf(message, sizeof message, format, arguments);
     if (length < 0)
         return;
-    log_backend::Append(target, {message, std::min<std::size_t>(static_cast<std::size_t>(length), kMaxMessage)});
+    log_backend::Append(target,
+                        {message, std::min<std::size_t>(static_cast<std::size_t>(length), kMaxMessage)});
 }
 
 } // namespace

@@ -1,11 +1,11 @@
-// The two logs. Both are appended to line by line, the file being opened and closed for each, and stay silent on
-// a machine where it can't be opened.
+// The two logs. Both are appended to line by line, the file being opened and closed for each, and stay silent
+// on a machine where it can't be opened.
 #pragma once
 
 #include <string_view>
 
-// Writes one message to the main log, C:\qpsp\Log\debugLog.txt. The message is cut at 2048 bytes and gets a stamp
-// of local time and process id in front; a line feed is the caller's business.
+// Writes one message to the main log, C:\qpsp\Log\debugLog.txt. The message is cut at 2048 bytes and gets a
+// stamp of local time and process id in front; a line feed is the caller's business.
 [[gnu::format(printf, 1, 2)]] void WriteLog(const char* format, ...);
 
 // Writes one message and a line feed, without a stamp, to the record log of the DEVMODE code.
@@ -13,7 +13,8 @@
 
 // The opening log line of a function, and a line with text of its own behind the usual three arguments.
 #define ZR_LOG_ENTRY() WriteLog("%s %d行目 %s\n", __FILE__, __LINE__, __func__)
-#define ZR_LOG(format, ...) WriteLog("%s %d行目 %s() " format, __FILE__, __LINE__, __func__ __VA_OPT__(, ) __VA_ARGS__)
+#define ZR_LOG(format, ...)                                                                                  \
+    WriteLog("%s %d行目 %s() " format, __FILE__, __LINE__, __func__ __VA_OPT__(, ) __VA_ARGS__)
 #define ZR_RECORD_LOG_ENTRY() WriteRecordLog("%s %d行目 %s", __FILE__, __LINE__, __func__)
 
 // The side of the logs that differs by platform.

@@ -8,8 +8,8 @@
 namespace log_backend {
 namespace {
 
-// A missing log directory is the normal case, and asking for it costs more than all else in a log call. After a
-// file could not be opened it is left alone for this long, in milliseconds.
+// A missing log directory is the normal case, and asking for it costs more than all else in a log call. After
+// a file could not be opened it is left alone for this long, in milliseconds.
 constexpr ULONGLONG kRetryAfter = 1000;
 
 struct LogFile {
@@ -17,14 +17,18 @@ struct LogFile {
     ULONGLONG silentUntil;
 };
 
-std::array<LogFile, 2> logFiles{{{"C:\\qpsp\\Log\\debugLog.txt", 0},
-                                 {"C:/Users/Public/Documents/Zephra/QPSP/Log/zqnprt.log", 0}}};
+std::array<LogFile, 2> logFiles{
+    {{"C:\\qpsp\\Log\\debugLog.txt", 0}, {"C:/Users/Public/Documents/Zephra/QPSP/Log/zqnprt.log", 0}}};
 
-LogFile& FileOf(Target target) { return logFiles[target == Target::Main ? 0 : 1]; }
+LogFile& FileOf(Target target) {
+    return logFiles[target == Target::Main ? 0 : 1];
+}
 
 } // namespace
 
-bool IsOpenable(Target target) { return GetTickCount64() >= FileOf(target).silentUntil; }
+bool IsOpenable(Target target) {
+    return GetTickCount64() >= FileOf(target).silentUntil;
+}
 
 void Append(Target target, std::string_view message) {
     LogFile& log = FileOf(target);
@@ -37,9 +41,9 @@ void Append(Target target, std::string_view message) {
     if (target == Target::Main) {
         SYSTEMTIME now;
         GetLocalTime(&now);
-        std::fprintf(file, "[%4d/%2d/%2d|%02d:%02d:%02d:%03d(%d)] %.*s", now.wYear, now.wMonth, now.wDay, now.wHour,
-                     now.wMinute, now.wSecond, now.wMilliseconds, static_cast<int>(GetCurrentProcessId()), length,
-                     message.data());
+        std::fprintf(file, "[%4d/%2d/%2d|%02d:%02d:%02d:%03d(%d)] %.*s", now.wYear, now.wMonth, now.wDay,
+                     now.wHour, now.wMinute, now.wSecond, now.wMilliseconds,
+                     static_cast<int>(GetCurrentProcessId()), length, message.data());
     } else {
         std::fprintf(file, "%.*s\n", length, message.data());
     }

@@ -7,10 +7,16 @@ Recorder* current = nullptr;
 
 } // namespace
 
-Recorder::Recorder() { current = this; }
-Recorder::~Recorder() { current = nullptr; }
+Recorder::Recorder() {
+    current = this;
+}
+Recorder::~Recorder() {
+    current = nullptr;
+}
 
-bool IsOpenable(Target) { return current != nullptr; }
+bool IsOpenable(Target) {
+    return current != nullptr;
+}
 
 void Append(Target target, std::string_view message) {
     if (current)

@@ -5,9 +5,14 @@
 #include <span>
 #include <string>
 
-// Writes the string with this number into `buffer`, cut on a character boundary, and returns its length in bytes. A
-// number that the table lacks gives "" and 0.
+// Writes the string with this number into `buffer`, cut on a character boundary, and returns its length in
+// bytes. A number that the table lacks gives "" and 0.
 std::size_t LoadText(unsigned id, std::span<char> buffer);
 
 // The string with this number, at most 259 bytes of it; "" if the table lacks it.
 std::string LoadText(unsigned id);
+
+// Names the module, an HINSTANCE, whose resources are in use: texts, dialogs and images all come from it.
+// Null, as at the start, stands for the program itself. Windows only.
+void SetStringModule(void* module);
+void* StringModule();

@@ -27,5 +27,17 @@ std::size_t CopyText(std::span<char> field, std::string_view text) {
 
 std::string_view FieldText(std::span<const char> field) {
     const void* end = field.empty() ? nullptr : std::memchr(field.data(), 0, field.size());
-    return {field.data(), end ? static_cast<std::size_t>(static_cast<const char*>(end) - field.data()) : field.size()};
+    return {field.data(),
+            end ? static_cast<std::size_t>(static_cast<const char*>(end) - field.data()) : field.size()};
+}
+
+std::size_t FindLastCharacter(std::string_view text, char character) {
+    std::size_t found = std::string_view::npos;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (IsLeadByte(static_cast<unsigned char>(text[at])))
+            ++at;
+        else if (text[at] == character)
+            found = at;
+    }
+    return found;
 }

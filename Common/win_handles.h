@@ -1,0 +1,88 @@
+// Owning types for the platform's handles: each closes what it holds when it goes.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <winspool.h>
+
+#include <utility>
+
+// `Closer` names the handle's type as Handle and closes one in Close(). Null stands for "none".
+template <class Closer>
+class UniqueHandleOf {
+  public:
+    using Handle = typename Closer::Handle;
+
+    UniqueHandleOf() = default;
+    explicit UniqueHandleOf(Handle handle) : m_handle(handle) {}
+    UniqueHandleOf(UniqueHandleOf&& other) noexcept : m_handle(other.Release()) {}
+    UniqueHandleOf& operator=(UniqueHandleOf&& other) noexcept {
+        Reset(other.Release());
+        return *this;
+    }
+    ~UniqueHandleOf() { Reset(); }
+
+    explicit operator bool() const { return m_handle != nullptr; }
+    Handle Get() const { return m_handle; }
+
+    // Gives the handle away; this object no longer closes it.
+    [[nodiscard]] Handle Release() { return std::exchange(m_handle, nullptr); }
+
+    void Reset(Handle handle = nullptr) {
+        if (Handle old = std::exchange(m_handle, handle))
+            Closer::Close(old);
+    }
+
+    // The place to which an opening function writes its handle; what was held is closed first.
+    Handle* Receive() {
+        Reset();
+        return &m_handle;
+    }
+
+  private:
+    Handle m_handle = nullptr;
+};
+
+namespace handle_closer {
+
+struct Kernel {
+    using Handle = HANDLE;
+    static void Close(HANDLE handle) { CloseHandle(handle); }
+};
+struct Printer {
+    using Handle = HANDLE;
+    static void Close(HANDLE handle) { ClosePrinter(handle); }
+};
+struct RegistryKey {
+    using Handle = HKEY;
+    static void Close(HKEY key) { RegCloseKey(key); }
+};
+struct Module {
+    using Handle = HMODULE;
+    static void Close(HMODULE module) { FreeLibrary(module); }
+};
+struct Icon {
+    using Handle = HICON;
+    static void Close(HICON icon) { DestroyIcon(icon); }
+};
+struct Bitmap {
+    using Handle = HBITMAP;
+    static void Close(HBITMAP bitmap) { DeleteObject(bitmap); }
+};
+struct ImageList {
+    using Handle = HIMAGELIST;
+    static void Close(HIMAGELIST list) { ImageList_Destroy(list); }
+};
+
+} // namespace handle_closer
+
+// For kernel objects whose opening function reports failure as null; CreateFile's INVALID_HANDLE_VALUE must
+// be turned into null by its caller.
+using UniqueHandle = UniqueHandleOf<handle_closer::Kernel>;
+using UniquePrinter = UniqueHandleOf<handle_closer::Printer>;
+using UniqueRegistryKey = UniqueHandleOf<handle_closer::RegistryKey>;
+using UniqueModule = UniqueHandleOf<handle_closer::Module>;
+using UniqueIcon = UniqueHandleOf<handle_closer::Icon>;
+using UniqueBitmap = UniqueHandleOf<handle_closer::Bitmap>;
+using UniqueImageList = UniqueHandleOf<handle_closer::ImageList>;

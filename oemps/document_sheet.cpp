@@ -1,0 +1,165 @@
+#include "oemps/document_sheet.h"
+
+#include "Common/log.h"
+#include "Common/strings.h"
+#include "oemps/device_profile.h"
+#include "oemps/dotnet.h"
+#include "oemps/property_sheet.h"
+#include "oemps/setting_manager_end.h"
+#include "oemps/sheet_state.h"
+#include "pages/advancedpage.h"
+#include "pages/standardpage.h"
+#include "resources/resource.h"
+#include "session/datamanager.h"
+#include "session/initialize_data_manager.h"
+#include "session/session.h"
+
+#include <cstddef>
+#include <span>
+
+namespace {
+
+// Where the driver's own area begins in the DEVMODE that it hands over.
+constexpr std::size_t kPublicDevModeSize = 220;
+static_assert(sizeof(DEVMODEW) == kPublicDevModeSize);
+
+// The resource number that the driver's group of advanced features bears instead of a name.
+constexpr DWORD kAdvancedFeaturesName = 418;
+
+void ShowWarning(unsigned textId) {
+    MessageBoxA(GetForegroundWindow(), LoadText(textId).c_str(), LoadText(IDS_WARNING_TITLE).c_str(),
+                MB_OK | MB_ICONWARNING);
+}
+
+bool RequireDotNet() {
+    if (IsDotNet4Present())
+        return true;
+    ShowWarning(IDS_NO_DOTNET);
+    return false;
+}
+
+SessionBlock* CreateSession(const OEMCUIPPARAM& param) {
+    auto* block =
+        static_cast<SessionBlock*>(HeapAlloc(param.hOEMHeap, HEAP_ZERO_MEMORY, sizeof(SessionBlock)));
+    if (!block)
+        return nullptr;
+    block->hOEMHeap = param.hOEMHeap;
+    block->pOEMDM = static_cast<PrivateDevMode*>(param.pOEMDM);
+    block->hPrinter = param.hPrinter;
+    if (param.pPublicDM) {
+        block->dmDriverVersion = param.pPublicDM->dmDriverVersion;
+        block->pDrvExtra = reinterpret_cast<std::uint8_t*>(param.pPublicDM) + kPublicDevModeSize;
+        block->drvExtraSize =
+            param.pPublicDM->dmSize == kPublicDevModeSize ? param.pPublicDM->dmDriverExtra : 0;
+    }
+    return block;
+}
+
+void HideAdvancedFeatures(std::span<OPTITEM> items) {
+    for (std::size_t at = 0; at < items.size(); ++at) {
+        if (static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(items[at].pName)) != kAdvancedFeaturesName)
+            continue;
+        items[at].Flags |= OPTIF_HIDE;
+        while (++at < items.size() && items[at].Level > 1)
+            items[at].Flags |= OPTIF_HIDE;
+        return;
+    }
+}
+
+void HideAll(std::span<OPTITEM> items) {
+    for (OPTITEM& item : items)
+        item.Flags |= OPTIF_HIDE;
+}
+
+// The pages exist before the block is complete; they get their first message after the callback has returned.
+void AddPages(PROPSHEETUI_INFO& info, IPrintOemDriverUI* helper) {
+    SessionBlock& block = *g_SessionBlock;
+    const auto session = reinterpret_cast<LPARAM>(g_SessionBlock);
+    AddPage(info, IDD_STANDARD_PAGE, IDS_STANDARD_PAGE_TITLE, StandardPageProc, session);
+    const LONG_PTR second =
+        AddPage(info, IDD_ADVANCED_PAGE, IDS_ADVANCED_PAGE_TITLE, AdvancedPageProc, session);
+
+    block.pDriverUI = helper;
+    if (const auto* sheet = reinterpret_cast<const OEMUIPSPARAM*>(info.lParamInit))
+        block.poemuiobj = sheet->poemuiobj;
+    block.hComPropSheet = info.hComPropSheet;
+    block.pfnComPropSheet = info.pfnComPropSheet;
+    block.hResultPage = reinterpret_cast<HANDLE>(second);
+    g_SheetThread = GetCurrentThreadId();
+
+    ExportedFunc_GetProfile(block.Profile);
+    UpdateDeviceProfile(block.Profile);
+
+    ++g_SheetCount;
+    info.Result = second;
+}
+
+HRESULT OpenSheet(PROPSHEETUI_INFO& info, IPrintOemDriverUI* helper) {
+    info.Result = 0;
+    if (!RequireDotNet())
+        return E_FAIL;
+    if (g_SheetCount >= 1) {
+        ShowWarning(IDS_SHEET_IN_USE);
+        ++g_SheetCount;
+        return S_OK;
+    }
+    if (!g_SessionBlock) {
+        ZR_LOG("no session\n");
+        return E_FAIL;
+    }
+    AddPages(info, helper);
+    return S_OK;
+}
+
+// The end of any sheet on the session's thread ends the session, also that of a refused second sheet.
+void CloseSheet() {
+    --g_SheetCount;
+    if (GetCurrentThreadId() != g_SheetThread || !g_SessionBlock)
+        return;
+    EndSettingManager();
+    CSessionAccessor::Release();
+    HeapFree(g_SessionBlock->hOEMHeap, 0, g_SessionBlock);
+    g_SessionBlock = nullptr;
+}
+
+} // namespace
+
+HRESULT hrDocumentPropertyPage(OEMCUIPPARAM* param) {
+    ZR_LOG_ENTRY();
+    if (g_SheetCount > 0)
+        return S_OK;
+    if (!param->pOEMOptItems) {
+        param->cOEMOptItems = 0;
+        return S_OK;
+    }
+    if (!RequireDotNet()) {
+        param->cOEMOptItems = 0;
+        return S_OK;
+    }
+    g_SessionBlock = CreateSession(*param);
+    if (!g_SessionBlock || !g_SessionBlock->pOEMDM) {
+        ZR_LOG("no session block\n");
+        g_SessionBlock = nullptr;
+        return S_OK;
+    }
+    InitializeDataManager();
+    CSession::HidePrinterSetting(param, g_SessionBlock);
+    CSessionAccessor::Instance()->SetSession(g_SessionBlock);
+
+    const std::span items(param->pDrvOptItems, param->pDrvOptItems ? param->cDrvOptItems : 0);
+    HideAdvancedFeatures(items);
+    HideAll(items);
+    return S_OK;
+}
+
+HRESULT hrOEMDocumentPropertySheets(PROPSHEETUI_INFO* info, LPARAM param, IPrintOemDriverUI* helper) {
+    ZR_LOG_ENTRY();
+    if (!IsKnownSheetInfo(info))
+        return E_FAIL;
+    if (info->Reason == PROPSHEETUI_REASON_INIT)
+        return OpenSheet(*info, helper);
+    if (info->Reason == PROPSHEETUI_REASON_DESTROY)
+        CloseSheet();
+    AnswerSheetReason(*info, param);
+    return S_OK;
+}

@@ -1,0 +1,175 @@
+#include "oemps/oemui.h"
+
+#include "oemps/com_guard.h"
+#include "oemps/device_sheet.h"
+#include "oemps/devmode.h"
+#include "oemps/document_sheet.h"
+#include "oemps/oem_devmode.h"
+#include "oemps/printer_event.h"
+#include "oemps/property_page.h"
+#include "oemps/satellite.h"
+#include "oemps/server_address.h"
+
+#include <algorithm>
+#include <iterator>
+
+IOemUI::IOemUI() {
+    AcquireSatellite();
+}
+
+IOemUI::~IOemUI() {
+    ReleaseSatellite();
+    if (m_pOEMHelp)
+        m_pOEMHelp->Release();
+}
+
+HRESULT STDMETHODCALLTYPE IOemUI::QueryInterface(REFIID iid, void** out) {
+    if (!out)
+        return E_POINTER;
+    *out = nullptr;
+    if (!IsEqualIID(iid, IID_IUnknown) && !IsEqualIID(iid, IID_IPrintOemUI))
+        return E_NOINTERFACE;
+    *out = static_cast<IPrintOemUI*>(this);
+    AddRef();
+    return S_OK;
+}
+
+ULONG STDMETHODCALLTYPE IOemUI::AddRef() {
+    return ++m_references;
+}
+
+ULONG STDMETHODCALLTYPE IOemUI::Release() {
+    const ULONG left = --m_references;
+    if (left == 0)
+        delete this;
+    return left;
+}
+
+HRESULT STDMETHODCALLTYPE IOemUI::GetInfo(DWORD mode, PVOID buffer, DWORD size, PDWORD needed) {
+    ZR_LOG_ENTRY();
+    if (!needed ||
+        (mode != OEMGI_GETSIGNATURE && mode != OEMGI_GETVERSION && mode != OEMGI_GETPUBLISHERINFO)) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return E_FAIL;
+    }
+    if (size < sizeof(DWORD) || !buffer) {
+        *needed = sizeof(DWORD);
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return E_FAIL;
+    }
+    if (mode == OEMGI_GETPUBLISHERINFO) {
+        *needed = 0;
+        SetLastError(ERROR_NOT_SUPPORTED);
+        return E_FAIL;
+    }
+    *needed = sizeof(DWORD);
+    *static_cast<DWORD*>(buffer) = mode == OEMGI_GETSIGNATURE ? kDevModeSignature : kDevModeVersion;
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE IOemUI::DevMode(DWORD mode, POEMDMPARAM param) {
+    return ComGuard(__func__, [&] {
+        ZR_LOG_ENTRY();
+        return hrOEMDevMode(mode, param);
+    });
+}
+
+HRESULT STDMETHODCALLTYPE IOemUI::PublishDriverInterface(IUnknown* driver) {
+    ZR_LOG_ENTRY();
+    if (m_pOEMHelp)
+        return S_OK;
+    if (driver &&
+        SUCCEEDED(driver->QueryInterface(IID_IPrintOemDriverUI, reinterpret_cast<void**>(&m_pOEMHelp))))
+        return S_OK;
+    m_pOEMHelp = nullptr;
+    return E_FAIL;
+}
+
+HRESULT STDMETHODCALLTYPE IOemUI::CommonUIProp(DWORD mode, POEMCUIPPARAM param) {
+    return ComGuard(__func__, [&] {
+        ZR_LOG_ENTRY();
+        return hrOEMPropertyPage(mode, param);
+    });
+}
+
+HRESULT STDMETHODCALLTYPE IOemUI::DocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM param) {
+    return ComGuard(__func__, [&] {
+        ZR_LOG_ENTRY();
+        if (info && info->Reason == PROPSHEETUI_REASON_INIT) {
+            if (const auto* sheet = reinterpret_cast<const OEMUIPSPARAM*>(info->lParamInit))
+                ZR_LOG("PrinterPortAddressUpdate=%s\n",
+                       PrinterPortAddressUpdate(sheet->hPrinter) ? "TRUE" : "FALSE");
+        }
+        return hrOEMDocumentPropertySheets(info, param, m_pOEMHelp);
+    });
+}
+
+HRESULT STDMETHODCALLTYPE IOemUI::DevicePropertySheets(PPROPSHEETUI_INFO info, LPARAM param) {
+    return ComGuard(__func__, [&] {
+        ZR_LOG_ENTRY();
+        return hrOEMDevicePropertySheets(info, param);
+    });
+}
+
+HRESULT STDMETHODCALLTYPE IOemUI::DevQueryPrintEx(POEMUIOBJ, PDEVQUERYPRINT_INFO, PDEVMODEW, PVOID) {
+    ZR_LOG_ENTRY();
+    return E_NOTIMPL;
+}
+
+HRESULT STDMETHODCALLTYPE IOemUI::DeviceCapabilitiesA(POEMUIOBJ, HANDLE, PWSTR, WORD, PVOID, PDEVMODEW, PVOID,
+                                                      DWORD, DWORD*) {
+    ZR_LOG_ENTRY();
+    return E_NOTIMPL;
+}
+
+HRESULT STDMETHODCALLTYPE IOemUI::UpgradePrinter(DWORD, PBYTE) {
+    ZR_LOG_ENTRY();
+    return E_NOTIMPL;
+}
+
+HRESULT STDMETHODCALLTYPE IOemUI::PrinterEvent(PWSTR printerName, INT event, DWORD flags, LPARAM param) {
+    return ComGuard(__func__, [&] {
+        ZR_LOG_ENTRY();
+        return hrOEMPrinterEvent(printerName, event, flags, param);
+    });
+}
+
+HRESULT STDMETHODCALLTYPE IOemUI::DriverEvent(DWORD event, DWORD level, LPBYTE driverInfo, LPARAM param) {
+    return ComGuard(__func__, [&] {
+        ZR_LOG_ENTRY();
+        return hrOEMDriverEvent(event, level, driverInfo, param);
+    });
+}
+
+HRESULT STDMETHODCALLTYPE IOemUI::QueryColorProfile(HANDLE, POEMUIOBJ, PDEVMODEW, PVOID, ULONG queryMode,
+                                                    VOID* profileData, ULONG* profileDataSize,
+                                                    FLONG* profileFlags) {
+    ZR_LOG_ENTRY();
+    // What is asked for and reported, deliberately more than the name needs.
+    constexpr ULONG kProfileSize = 32;
+    constexpr FLONG kProfileIsFileName = 2;
+    static constexpr wchar_t kProfile[] = L"OEMPROFILE.icm";
+
+    if (queryMode != 0 || !profileDataSize)
+        return E_FAIL;
+    if (!profileData || *profileDataSize < kProfileSize) {
+        *profileDataSize = kProfileSize;
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return E_FAIL;
+    }
+    std::copy(std::begin(kProfile), std::end(kProfile), static_cast<wchar_t*>(profileData));
+    *profileDataSize = kProfileSize;
+    if (profileFlags)
+        *profileFlags = kProfileIsFileName;
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE IOemUI::FontInstallerDlgProc(HWND, UINT, WPARAM, LPARAM) {
+    ZR_LOG_ENTRY();
+    return E_NOTIMPL;
+}
+
+HRESULT STDMETHODCALLTYPE IOemUI::UpdateExternalFonts(HANDLE, HANDLE, PWSTR) {
+    ZR_LOG_ENTRY();
+    return E_NOTIMPL;
+}

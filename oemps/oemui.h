@@ -1,0 +1,44 @@
+// The plug-in object that the driver talks to. Each operation logs its call and hands over to a worker.
+#pragma once
+
+#include "oemps/printoem.h"
+
+#include <atomic>
+
+class IOemUI final : public IPrintOemUI {
+  public:
+    IOemUI();
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
+    ULONG STDMETHODCALLTYPE AddRef() override;
+    ULONG STDMETHODCALLTYPE Release() override;
+
+    HRESULT STDMETHODCALLTYPE GetInfo(DWORD mode, PVOID buffer, DWORD size, PDWORD needed) override;
+    HRESULT STDMETHODCALLTYPE DevMode(DWORD mode, POEMDMPARAM param) override;
+
+    HRESULT STDMETHODCALLTYPE PublishDriverInterface(IUnknown* driver) override;
+    HRESULT STDMETHODCALLTYPE CommonUIProp(DWORD mode, POEMCUIPPARAM param) override;
+    HRESULT STDMETHODCALLTYPE DocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM param) override;
+    HRESULT STDMETHODCALLTYPE DevicePropertySheets(PPROPSHEETUI_INFO info, LPARAM param) override;
+    HRESULT STDMETHODCALLTYPE DevQueryPrintEx(POEMUIOBJ object, PDEVQUERYPRINT_INFO info, PDEVMODEW publicDM,
+                                              PVOID oemDM) override;
+    HRESULT STDMETHODCALLTYPE DeviceCapabilitiesA(POEMUIOBJ object, HANDLE printer, PWSTR deviceName,
+                                                  WORD capability, PVOID output, PDEVMODEW publicDM,
+                                                  PVOID oemDM, DWORD oldResult, DWORD* result) override;
+    HRESULT STDMETHODCALLTYPE UpgradePrinter(DWORD level, PBYTE driverUpgradeInfo) override;
+    HRESULT STDMETHODCALLTYPE PrinterEvent(PWSTR printerName, INT event, DWORD flags, LPARAM param) override;
+    HRESULT STDMETHODCALLTYPE DriverEvent(DWORD event, DWORD level, LPBYTE driverInfo, LPARAM param) override;
+    HRESULT STDMETHODCALLTYPE QueryColorProfile(HANDLE printer, POEMUIOBJ object, PDEVMODEW publicDM,
+                                                PVOID oemDM, ULONG queryMode, VOID* profileData,
+                                                ULONG* profileDataSize, FLONG* profileFlags) override;
+    HRESULT STDMETHODCALLTYPE FontInstallerDlgProc(HWND dialog, UINT message, WPARAM wParam,
+                                                   LPARAM lParam) override;
+    HRESULT STDMETHODCALLTYPE UpdateExternalFonts(HANDLE printer, HANDLE heap, PWSTR cartridges) override;
+
+  private:
+    ~IOemUI();
+
+    std::atomic<ULONG> m_references{1};
+    // The driver's helper interface, null until it is published.
+    IPrintOemDriverUI* m_pOEMHelp = nullptr;
+};

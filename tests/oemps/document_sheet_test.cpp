@@ -1,0 +1,278 @@
+// The document sheet's start and end, with a common property sheet of the test's own behind it.
+#include "oemps/document_sheet.h"
+
+#include "oemps/devmode.h"
+#include "oemps/module.h"
+#include "oemps/sheet_state.h"
+#include "session/datamanager.h"
+#include "session/session.h"
+#include "tests/support/message_box.h"
+#include "tests/support/registry_override.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <thread>
+#include <vector>
+
+namespace {
+
+struct AddedPage {
+    WORD dialog;
+    WORD title;
+    DWORD flags;
+    LPARAM param;
+};
+
+std::vector<AddedPage> addedPages;
+
+LONG_PTR CALLBACK ComPropSheet(HANDLE, UINT function, LPARAM param1, LPARAM) {
+    if (function != CPSFUNC_ADD_PROPSHEETPAGEA)
+        return 0;
+    const auto& page = *reinterpret_cast<const PROPSHEETPAGEA*>(param1);
+    addedPages.push_back({LOWORD(page.pszTemplate), LOWORD(page.pszTitle), page.dwFlags, page.lParam});
+    return static_cast<LONG_PTR>(0x100 + addedPages.size());
+}
+
+// A driver with a handful of items, as it stands before its sheet opens.
+struct Driver {
+    Driver() {
+        heap = HeapCreate(0, 0, 0);
+        CDevMode(record).SetDefault(kDevModeSize);
+        record.dwSignature = kDevModeSignature;
+        record.dwVersion = kDevModeVersion;
+        std::strcpy(record.Profile, "office.cps");
+
+        publicDM.devmode.dmSize = sizeof(DEVMODEW);
+        publicDM.devmode.dmDriverVersion = 0x600;
+        publicDM.devmode.dmDriverExtra = sizeof publicDM.extra;
+        const DWORD width = 210000;
+        std::memcpy(publicDM.extra + 152, &width, sizeof width);
+
+        for (OPTITEM& item : items) {
+            item = {};
+            item.cbSize = sizeof item;
+            item.Level = 1;
+            item.pOptType = &optType;
+        }
+        optType.cbSize = sizeof optType;
+        optType.Count = 2;
+
+        param.cbSize = sizeof param;
+        param.poemuiobj = reinterpret_cast<POEMUIOBJ>(0x77);
+        param.hOEMHeap = heap;
+        param.pPublicDM = &publicDM.devmode;
+        param.pOEMDM = &record;
+        param.pDrvOptItems = items.data();
+        param.cDrvOptItems = static_cast<DWORD>(items.size());
+        param.pOEMOptItems = &oemItem;
+
+        sheet.cbSize = sizeof sheet;
+        sheet.poemuiobj = param.poemuiobj;
+        info.cbSize = sizeof info;
+        info.Version = 0x100;
+        info.hComPropSheet = reinterpret_cast<HANDLE>(0x55);
+        info.pfnComPropSheet = ComPropSheet;
+        info.lParamInit = reinterpret_cast<LPARAM>(&sheet);
+    }
+    ~Driver() { HeapDestroy(heap); }
+
+    LONG_PTR Reason(WORD reason, LPARAM reasonParam = 0) {
+        info.Reason = reason;
+        info.Result = 0xBAD;
+        status = hrOEMDocumentPropertySheets(&info, reasonParam, nullptr);
+        return static_cast<LONG_PTR>(info.Result);
+    }
+    void SetResourceName(std::size_t item, ULONG_PTR number) {
+        items[item].pName = reinterpret_cast<LPTSTR>(number);
+    }
+
+    HANDLE heap;
+    PrivateDevMode record{};
+    struct {
+        DEVMODEW devmode{};
+        std::uint8_t extra[400] = {};
+    } publicDM;
+    OPTTYPE optType{};
+    std::array<OPTITEM, 6> items;
+    OPTITEM oemItem{};
+    OEMCUIPPARAM param{};
+    OEMUIPSPARAM sheet{};
+    PROPSHEETUI_INFO info{};
+    HRESULT status = E_UNEXPECTED;
+};
+
+class DocumentSheet : public testing::Test {
+  protected:
+    void SetUp() override {
+        SetModuleHandle(GetModuleHandleA(nullptr));
+        addedPages.clear();
+        ASSERT_EQ(g_SheetCount, 0);
+        ASSERT_EQ(g_SessionBlock, nullptr);
+    }
+    void TearDown() override {
+        while (g_SheetCount > 0)
+            driver.Reason(PROPSHEETUI_REASON_DESTROY);
+        g_SheetCount = 0;
+        g_SessionBlock = nullptr;
+        CSessionAccessor::Release();
+    }
+    void Open() {
+        ASSERT_EQ(hrDocumentPropertyPage(&driver.param), S_OK);
+        driver.Reason(PROPSHEETUI_REASON_INIT);
+        ASSERT_EQ(driver.status, S_OK);
+    }
+
+    Driver driver;
+};
+
+} // namespace
+
+TEST_F(DocumentSheet, FirstCallWithoutItemsAsksForNone) {
+    driver.param.pOEMOptItems = nullptr;
+    driver.param.cOEMOptItems = 9;
+    EXPECT_EQ(hrDocumentPropertyPage(&driver.param), S_OK);
+    EXPECT_EQ(driver.param.cOEMOptItems, 0u);
+    EXPECT_EQ(g_SessionBlock, nullptr);
+    EXPECT_EQ(driver.items[0].Flags & OPTIF_HIDE, 0u);
+}
+
+TEST_F(DocumentSheet, SecondCallCreatesTheSessionAndHidesEveryItem) {
+    ASSERT_EQ(hrDocumentPropertyPage(&driver.param), S_OK);
+    ASSERT_NE(g_SessionBlock, nullptr);
+    EXPECT_EQ(g_SessionBlock->hOEMHeap, driver.heap);
+    EXPECT_EQ(g_SessionBlock->pOEMDM, &driver.record);
+    EXPECT_EQ(g_SessionBlock->dmDriverVersion, 0x600);
+    EXPECT_EQ(g_SessionBlock->pDrvExtra, driver.publicDM.extra);
+    EXPECT_EQ(CSessionAccessor::Instance()->GetSession(), g_SessionBlock);
+    for (const OPTITEM& item : driver.items)
+        EXPECT_NE(item.Flags & OPTIF_HIDE, 0u);
+
+    char key[260] = {};
+    ExportedFunc_GetRegistryKeyName(key);
+    EXPECT_STRNE(key, "");
+    std::uint32_t width = 0;
+    ExportedFunc_GetCurrent(keyword::CustomPaperWidth, &width);
+    EXPECT_EQ(width, 210000u);
+}
+
+TEST_F(DocumentSheet, KeepsAwayFromADriverAreaThatIsTooSmall) {
+    driver.publicDM.devmode.dmDriverExtra = 169;
+    ASSERT_EQ(hrDocumentPropertyPage(&driver.param), S_OK);
+    std::uint32_t width = 0;
+    ExportedFunc_GetCurrent(keyword::CustomPaperWidth, &width);
+    EXPECT_EQ(width, 0u);
+}
+
+TEST_F(DocumentSheet, WithoutAPrivateRecordHasNoSessionAndNoPages) {
+    driver.param.pOEMDM = nullptr;
+    EXPECT_EQ(hrDocumentPropertyPage(&driver.param), S_OK);
+    EXPECT_EQ(g_SessionBlock, nullptr);
+    EXPECT_EQ(driver.Reason(PROPSHEETUI_REASON_INIT), 0);
+    EXPECT_TRUE(addedPages.empty());
+}
+
+TEST_F(DocumentSheet, AddsTheTwoPagesAndGivesTheSecondAsResult) {
+    Open();
+    ASSERT_EQ(addedPages.size(), 2u);
+    const auto session = reinterpret_cast<LPARAM>(g_SessionBlock);
+    EXPECT_EQ(addedPages[0].dialog, 1066);
+    EXPECT_EQ(addedPages[0].title, 3131);
+    EXPECT_EQ(addedPages[0].param, session);
+    EXPECT_EQ(addedPages[1].dialog, 4007);
+    EXPECT_EQ(addedPages[1].title, 2500);
+    EXPECT_EQ(addedPages[1].param, session);
+    for (const AddedPage& page : addedPages)
+        EXPECT_EQ(page.flags, static_cast<DWORD>(PSP_USETITLE));
+    EXPECT_EQ(driver.info.Result, 0x102u);
+    EXPECT_EQ(g_SheetCount, 1);
+    EXPECT_EQ(g_SheetThread, GetCurrentThreadId());
+    EXPECT_EQ(g_SessionBlock->hResultPage, reinterpret_cast<HANDLE>(0x102));
+    EXPECT_EQ(g_SessionBlock->hComPropSheet, reinterpret_cast<HANDLE>(0x55));
+    EXPECT_EQ(g_SessionBlock->pfnComPropSheet, ComPropSheet);
+    EXPECT_EQ(g_SessionBlock->poemuiobj, reinterpret_cast<POEMUIOBJ>(0x77));
+    EXPECT_STREQ(g_SessionBlock->Profile, "office.cps");
+}
+
+TEST_F(DocumentSheet, AnswersTheReasonsThatOnlyAsk) {
+    PROPSHEETUI_INFO_HEADER header{};
+    EXPECT_EQ(driver.Reason(PROPSHEETUI_REASON_GET_INFO_HEADER, reinterpret_cast<LPARAM>(&header)), 1);
+    EXPECT_STREQ(reinterpret_cast<const wchar_t*>(header.pTitle), L"OEM UI Page");
+    SETRESULT_INFO given{};
+    given.Result = 17;
+    EXPECT_EQ(driver.Reason(PROPSHEETUI_REASON_SET_RESULT, reinterpret_cast<LPARAM>(&given)), 17);
+    EXPECT_EQ(driver.Reason(PROPSHEETUI_REASON_GET_ICON), 0);
+    EXPECT_EQ(driver.Reason(5), 0);
+    EXPECT_EQ(driver.status, S_OK);
+}
+
+TEST_F(DocumentSheet, EndFreesTheSession) {
+    Open();
+    EXPECT_EQ(driver.Reason(PROPSHEETUI_REASON_DESTROY), 1);
+    EXPECT_EQ(g_SheetCount, 0);
+    EXPECT_EQ(g_SessionBlock, nullptr);
+    EXPECT_EQ(CSessionAccessor::Instance()->GetSession(), nullptr);
+}
+
+TEST_F(DocumentSheet, EndOnAnotherThreadFreesNothing) {
+    Open();
+    SessionBlock* const block = g_SessionBlock;
+    std::thread([&] { driver.Reason(PROPSHEETUI_REASON_DESTROY); }).join();
+    EXPECT_EQ(g_SheetCount, 0);
+    EXPECT_EQ(g_SessionBlock, block);
+    EXPECT_EQ(CSessionAccessor::Instance()->GetSession(), block);
+}
+
+TEST_F(DocumentSheet, SecondSheetShowsTheMessageAndAddsNothing) {
+    Open();
+    Driver second;
+    EXPECT_EQ(hrDocumentPropertyPage(&second.param), S_OK);
+    EXPECT_EQ(second.items[0].Flags & OPTIF_HIDE, 0u) << "the second sheet's items stay untouched";
+
+    auto box = AnswerNextMessageBox();
+    EXPECT_EQ(second.Reason(PROPSHEETUI_REASON_INIT), 0);
+    EXPECT_EQ(second.status, S_OK);
+    const MessageBoxSeen seen = box.get();
+    EXPECT_EQ(seen.caption, "警告");
+    EXPECT_EQ(seen.text, "PrintServerKXタブページは、既に使用されているため、表示することができません。");
+    EXPECT_EQ(addedPages.size(), 2u);
+    EXPECT_EQ(g_SheetCount, 2);
+}
+
+TEST_F(DocumentSheet, EndOfARefusedSecondSheetFreesTheFirstSheetsSessionAndASecondFreeFreesNothing) {
+    Open();
+    Driver second;
+    auto box = AnswerNextMessageBox();
+    second.Reason(PROPSHEETUI_REASON_INIT);
+    box.get();
+
+    second.Reason(PROPSHEETUI_REASON_DESTROY);
+    EXPECT_EQ(g_SheetCount, 1);
+    EXPECT_EQ(g_SessionBlock, nullptr);
+    EXPECT_EQ(driver.Reason(PROPSHEETUI_REASON_DESTROY), 1);
+    EXPECT_EQ(g_SheetCount, 0);
+}
+
+TEST_F(DocumentSheet, WithoutDotNetCreatesNoSessionAndSaysWhy) {
+    RegistryOverride machine(HKEY_LOCAL_MACHINE);
+    driver.param.cOEMOptItems = 9;
+    auto box = AnswerNextMessageBox();
+    EXPECT_EQ(hrDocumentPropertyPage(&driver.param), S_OK);
+    const MessageBoxSeen seen = box.get();
+    EXPECT_EQ(seen.caption, "警告");
+    EXPECT_EQ(seen.text, "Microsoft .Net Framework Version4.0 またはこれ以降のバージョンが見つかりません。\n"
+                         "Microsoft .Net Framework4.0以降のバージョンをインストールしてください。");
+    EXPECT_EQ(driver.param.cOEMOptItems, 0u);
+    EXPECT_EQ(g_SessionBlock, nullptr);
+}
+
+TEST_F(DocumentSheet, WithoutDotNetAddsNoPages) {
+    ASSERT_EQ(hrDocumentPropertyPage(&driver.param), S_OK);
+    RegistryOverride machine(HKEY_LOCAL_MACHINE);
+    auto box = AnswerNextMessageBox();
+    driver.Reason(PROPSHEETUI_REASON_INIT);
+    box.get();
+    EXPECT_EQ(driver.status, static_cast<HRESULT>(0x80004005));
+    EXPECT_TRUE(addedPages.empty());
+}

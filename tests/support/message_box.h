@@ -1,0 +1,56 @@
+// Answers message boxes of the test's own process, as a user at the screen would.
+#pragma once
+
+#include <windows.h>
+
+#include <future>
+#include <string>
+
+struct MessageBoxSeen {
+    std::string caption;
+    std::string text;
+};
+
+namespace message_box_detail {
+
+inline BOOL CALLBACK FindBox(HWND window, LPARAM found) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    char className[16] = {};
+    GetClassNameA(window, className, sizeof className);
+    // The text of a message box is the static with id -1; other dialogs have none such with the buttons
+    // beside it.
+    if (process != GetCurrentProcessId() || std::string(className) != "#32770" || !IsWindowVisible(window) ||
+        !GetDlgItem(window, 0xFFFF))
+        return TRUE;
+    *reinterpret_cast<HWND*>(found) = window;
+    return FALSE;
+}
+
+inline std::string TextOf(HWND window) {
+    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+} // namespace message_box_detail
+
+// Waits up to ten seconds for the next message box, presses the button and tells what the box said. An empty
+// caption and text mean that no box came.
+inline std::future<MessageBoxSeen> AnswerNextMessageBox(int button = IDOK) {
+    return std::async(std::launch::async, [button] {
+        const ULONGLONG deadline = GetTickCount64() + 10000;
+        while (GetTickCount64() < deadline) {
+            HWND box = nullptr;
+            EnumWindows(message_box_detail::FindBox, reinterpret_cast<LPARAM>(&box));
+            if (box) {
+                MessageBoxSeen seen{message_box_detail::TextOf(box),
+                                    message_box_detail::TextOf(GetDlgItem(box, 0xFFFF))};
+                PostMessageA(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
+                return seen;
+            }
+            Sleep(20);
+        }
+        return MessageBoxSeen{};
+    });
+}
