@@ -1,4 +1,4 @@
-// Printer information from the spooler, in a buffer of the size that a first call asks for.
+// What the spooler tells about a printer.
 #pragma once
 
 #include <windows.h>
@@ -6,27 +6,29 @@
 #include <winspool.h>
 
 #include <cstddef>
-#include <vector>
+#include <cstdint>
+#include <memory>
+#include <span>
 
-// The structure of a level as the spooler filled it: PrinterInfo<PRINTER_INFO_2A>(printer, 2). Its texts
-// point into the buffer and live as long as this object.
-template <typename Info>
-class PrinterInfo;
-
-namespace printer_info {
-// The filled buffer of GetPrinterA, empty if a call failed or gave less than `minimum` bytes. GetLastError
-// tells why.
-std::vector<std::byte> Fetch(HANDLE printer, DWORD level, std::size_t minimum);
-} // namespace printer_info
-
-template <typename Info>
+// One PRINTER_INFO_* structure with the text and records that it points to, in a buffer of its own.
 class PrinterInfo {
   public:
-    PrinterInfo(HANDLE printer, DWORD level) : m_buffer(printer_info::Fetch(printer, level, sizeof(Info))) {}
+    enum class Result { Fetched, Failed, NoMemory };
 
-    explicit operator bool() const { return !m_buffer.empty(); }
-    const Info* operator->() const { return reinterpret_cast<const Info*>(m_buffer.data()); }
+    // Asks the spooler for the size and then for the structure.
+    Result Fetch(HANDLE printer, DWORD level);
+
+    // The fetched structure; the type goes with the level. Null if nothing was fetched.
+    template <typename Info>
+    const Info* As() const {
+        return m_size < sizeof(Info) ? nullptr : reinterpret_cast<const Info*>(m_buffer.get());
+    }
+
+    // From `begin`, a pointer out of the structure, to the buffer's end; empty for a pointer that leads
+    // elsewhere.
+    std::span<const std::byte> BytesFrom(const void* begin) const;
 
   private:
-    std::vector<std::byte> m_buffer;
+    std::unique_ptr<std::byte[]> m_buffer;
+    std::size_t m_size = 0;
 };

@@ -16,7 +16,7 @@ void SetStringModule(void* module) {
 }
 
 void* StringModule() {
-    return stringModule;
+    return stringModule ? stringModule : GetModuleHandleA(nullptr);
 }
 
 std::size_t LoadText(unsigned id, std::span<char> buffer) {

@@ -23,12 +23,12 @@ HRESULT MergeRecord(PrivateDevMode& target, const void* source, HANDLE printer) 
     CDevMode::Convert(target, source);
     CDevMode::Merge(target, source);
 
-    const PrinterInfo<PRINTER_INFO_2A> info(printer, 2);
-    if (!info) {
-        ZR_LOG("GetPrinter failed, error=%lu\n", GetLastError());
+    PrinterInfo info;
+    info.Fetch(printer, 2);
+    const auto* printerInfo = info.As<PRINTER_INFO_2A>();
+    if (!printerInfo)
         return E_FAIL;
-    }
-    OverlayAuthentication(target, *info.operator->(), printer);
+    OverlayAuthentication(target, *printerInfo, printer);
     return S_OK;
 }
 

@@ -1,5 +1,5 @@
-// The contract between the stock PostScript driver's user-interface module and its plug-ins, as the platform's public
-// documentation gives it; the cross compiler's headers do not have it.
+// The contract between the stock PostScript driver's user-interface module and its plug-ins, as the
+// platform's public documentation gives it; the cross compiler's headers do not have it.
 #pragma once
 
 #include <windows.h>
@@ -56,8 +56,8 @@ struct OEMCUIPPARAM;
 using POEMCUIPPARAM = OEMCUIPPARAM*;
 using OEMCUIPCALLBACK = LONG(APIENTRY*)(PCPSUICBPARAM, POEMCUIPPARAM);
 
-// What CommonUIProp is given. It is called twice: with pOEMOptItems null to ask for cOEMOptItems, and with an array of
-// that many items to have them filled.
+// What CommonUIProp is given. It is called twice: with pOEMOptItems null to ask for cOEMOptItems, and with an
+// array of that many items to have them filled.
 struct OEMCUIPPARAM {
     DWORD cbSize;
     POEMUIOBJ poemuiobj;
@@ -107,8 +107,8 @@ using PDEVQUERYPRINT_INFO = DEVQUERYPRINT_INFO*;
 // The flag of OEMUIPSPARAM and OEMCUIPPARAM by which the sheet's settings may only be looked at.
 inline constexpr DWORD OEMUI_READ_ONLY = 1;
 
-// What stands behind OPTITEM::UserData of the driver's items. dwItemID points to the feature's record, whose fourth
-// 32-bit word is the index of the default option.
+// What stands behind OPTITEM::UserData of the driver's items. dwItemID points to the feature's record, whose
+// fourth 32-bit word is the index of the default option.
 struct USERDATA {
     DWORD dwSize;
     ULONG_PTR dwItemID;
@@ -124,15 +124,12 @@ inline constexpr IID IID_IPrintOemUI = {
 inline constexpr IID IID_IPrintOemDriverUI = {
     0x92B05D50, 0x78BC, 0x11D1, {0x94, 0x80, 0x00, 0xA0, 0xC9, 0x06, 0x40, 0xB8}};
 
-// COM interfaces have no virtual destructor.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 // The driver's helper, handed to a plug-in by PublishDriverInterface.
 struct IPrintOemDriverUI : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE DrvGetDriverSetting(PVOID pci, PCSTR feature, PVOID output, DWORD size,
                                                           PDWORD needed, PDWORD optionsReturned) = 0;
-    virtual HRESULT STDMETHODCALLTYPE DrvUpgradeRegistrySetting(HANDLE printer, PCSTR feature, PCSTR option) = 0;
+    virtual HRESULT STDMETHODCALLTYPE DrvUpgradeRegistrySetting(HANDLE printer, PCSTR feature,
+                                                                PCSTR option) = 0;
     virtual HRESULT STDMETHODCALLTYPE DrvUpdateUISetting(PVOID pci, PVOID optItem, DWORD previousSelection,
                                                          DWORD mode) = 0;
 };
@@ -147,14 +144,16 @@ struct IPrintOemUI : IPrintOemCommon {
     virtual HRESULT STDMETHODCALLTYPE CommonUIProp(DWORD mode, POEMCUIPPARAM param) = 0;
     virtual HRESULT STDMETHODCALLTYPE DocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM param) = 0;
     virtual HRESULT STDMETHODCALLTYPE DevicePropertySheets(PPROPSHEETUI_INFO info, LPARAM param) = 0;
-    virtual HRESULT STDMETHODCALLTYPE DevQueryPrintEx(POEMUIOBJ object, PDEVQUERYPRINT_INFO info, PDEVMODEW publicDM,
-                                                      PVOID oemDM) = 0;
+    virtual HRESULT STDMETHODCALLTYPE DevQueryPrintEx(POEMUIOBJ object, PDEVQUERYPRINT_INFO info,
+                                                      PDEVMODEW publicDM, PVOID oemDM) = 0;
     virtual HRESULT STDMETHODCALLTYPE DeviceCapabilitiesA(POEMUIOBJ object, HANDLE printer, PWSTR deviceName,
                                                           WORD capability, PVOID output, PDEVMODEW publicDM,
                                                           PVOID oemDM, DWORD oldResult, DWORD* result) = 0;
     virtual HRESULT STDMETHODCALLTYPE UpgradePrinter(DWORD level, PBYTE driverUpgradeInfo) = 0;
-    virtual HRESULT STDMETHODCALLTYPE PrinterEvent(PWSTR printerName, INT event, DWORD flags, LPARAM param) = 0;
-    virtual HRESULT STDMETHODCALLTYPE DriverEvent(DWORD event, DWORD level, LPBYTE driverInfo, LPARAM param) = 0;
+    virtual HRESULT STDMETHODCALLTYPE PrinterEvent(PWSTR printerName, INT event, DWORD flags,
+                                                   LPARAM param) = 0;
+    virtual HRESULT STDMETHODCALLTYPE DriverEvent(DWORD event, DWORD level, LPBYTE driverInfo,
+                                                  LPARAM param) = 0;
     virtual HRESULT STDMETHODCALLTYPE QueryColorProfile(HANDLE printer, POEMUIOBJ object, PDEVMODEW publicDM,
                                                         PVOID oemDM, ULONG queryMode, VOID* profileData,
                                                         ULONG* profileDataSize, FLONG* profileFlags) = 0;
@@ -162,5 +161,3 @@ struct IPrintOemUI : IPrintOemCommon {
                                                            LPARAM lParam) = 0;
     virtual HRESULT STDMETHODCALLTYPE UpdateExternalFonts(HANDLE printer, HANDLE heap, PWSTR cartridges) = 0;
 };
-
-#pragma GCC diagnostic pop

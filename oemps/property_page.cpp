@@ -84,12 +84,12 @@ HRESULT hrOEMPropertyPage(DWORD mode, OEMCUIPPARAM* param) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return E_FAIL;
     }
-    const PrinterInfo<PRINTER_INFO_2A> info(param->hPrinter, 2);
-    if (!info) {
-        ZR_LOG("GetPrinter failed, error=%lu\n", GetLastError());
+    PrinterInfo info;
+    info.Fetch(param->hPrinter, 2);
+    const auto* printer = info.As<PRINTER_INFO_2A>();
+    if (!printer)
         return E_FAIL;
-    }
-    FindUserInfoKey(info->pPrinterName ? info->pPrinterName : "");
+    FindUserInfoKey(printer->pPrinterName ? printer->pPrinterName : "");
 
     switch (mode) {
     case OEMCUIP_DOCPROP: return hrDocumentPropertyPage(param);

@@ -1,10 +1,10 @@
-// The value store's exported operations. A process has one store; there is no handle. Before any value is touched
-// the order is ExportedFunc_InitializeDataManager, ExportedFunc_CreateDataSettingRegistryKeyName,
+// The value store's exported operations. A process has one store; there is no handle. Before any value is
+// touched the order is ExportedFunc_InitializeDataManager, ExportedFunc_CreateDataSettingRegistryKeyName,
 // ExportedFunc_CreateDataSettingRegistryKey.
 //
-// A value that was never set reads as 0 or "". Text is in the process's ANSI code page; a text getter fills a buffer
-// of the width of the named value's row in named_values.def and never writes more, a setter cuts at that width on a
-// character boundary.
+// A value that was never set reads as 0 or "". Text is in the process's ANSI code page; a text getter fills a
+// buffer of the width of the named value's row in named_values.def and never writes more, a setter cuts at
+// that width on a character boundary.
 #pragma once
 
 #include <cstdint>
@@ -25,16 +25,20 @@
 ZR_STORE_API void ExportedFunc_InitializeDataManager();
 // Writes the name of a fresh data setting key, below HKEY_CURRENT_USER, into a buffer of 260 bytes.
 ZR_STORE_API void ExportedFunc_CreateDataSettingRegistryKeyName(char* name);
-// Creates that key for this many keywords; from now on every value that is set stands in it too.
+// Creates that key for this many keywords; from now on every value that is set stands in it too. A name that
+// CreateDataSettingRegistryKeyName did not give, or a key that is there already, leaves the store without a
+// key.
 ZR_STORE_API void ExportedFunc_CreateDataSettingRegistryKey(const char* name, int keywordCount);
 // Fills a buffer of 260 bytes with the name of the key in use, "" if there is none.
 ZR_STORE_API void ExportedFunc_GetRegistryKeyName(char* name);
-// Removes a data setting key: 1 if it is gone, 0 if not.
+// Removes a data setting key: 1 if it is gone, 0 if not, or if the name is no data setting key's.
 ZR_STORE_API int ExportedFunc_DeleteRegistryKey(const char* name);
-// Removes the authentication management key: 1 if it is gone, 0 if not.
+// Removes a printer's authentication management key, told by the key's own name or by its path below
+// HKEY_CURRENT_USER, with all below it: 1 if it is gone, 0 if not, or if the name is no such key's.
 ZR_STORE_API int ExportedFunc_DeleteAuthMngRegistryKey(const char* name);
 
-// The banks. Any int is a possible keyword; what lies outside the table is kept without effect on anything else.
+// The banks. Any int is a possible keyword; what lies outside the table is kept without effect on anything
+// else.
 ZR_STORE_API void ExportedFunc_GetCurrent(int keyword, std::uint32_t* value);
 ZR_STORE_API void ExportedFunc_SetCurrent(int keyword, std::uint32_t value);
 ZR_STORE_API void ExportedFunc_GetDefault(int keyword, std::uint32_t* value);
@@ -52,20 +56,21 @@ ZR_STORE_API void ExportedFunc_SetActive(void* window);
 ZR_STORE_API void ExportedFunc_GetCommunicationMode(void* printer, std::uint32_t* mode);
 ZR_STORE_API void ExportedFunc_SetCommunicationMode(void* printer, std::uint32_t mode);
 ZR_STORE_API void ExportedFunc_GetStarttupMode(void* printer, std::uint32_t* mode);
-// Fills a buffer of 260 wide characters with the stored print server address: 1 if there is one, else 0 and "".
+// Fills a buffer of 260 wide characters with the stored print server address: 1 if there is one, else 0 and
+// "".
 ZR_STORE_API int ExportedFunc_GetPrinterPortAddress(void* printer, wchar_t* address);
 
-#define ZR_U32(name)                                                                                                   \
-    ZR_STORE_API void ExportedFunc_Get##name(std::uint32_t* value);                                                    \
+#define ZR_U32(name)                                                                                         \
+    ZR_STORE_API void ExportedFunc_Get##name(std::uint32_t* value);                                          \
     ZR_STORE_API void ExportedFunc_Set##name(std::uint32_t value);
-#define ZR_I32(name)                                                                                                   \
-    ZR_STORE_API void ExportedFunc_Get##name(std::int32_t* value);                                                     \
+#define ZR_I32(name)                                                                                         \
+    ZR_STORE_API void ExportedFunc_Get##name(std::int32_t* value);                                           \
     ZR_STORE_API void ExportedFunc_Set##name(std::int32_t value);
-#define ZR_U64(name)                                                                                                   \
-    ZR_STORE_API void ExportedFunc_Get##name(std::uint64_t* value);                                                    \
+#define ZR_U64(name)                                                                                         \
+    ZR_STORE_API void ExportedFunc_Get##name(std::uint64_t* value);                                          \
     ZR_STORE_API void ExportedFunc_Set##name(std::uint64_t value);
-#define ZR_TEXT_VALUE(name, width)                                                                                     \
-    ZR_STORE_API void ExportedFunc_Get##name(char* text);                                                              \
+#define ZR_TEXT_VALUE(name, width)                                                                           \
+    ZR_STORE_API void ExportedFunc_Get##name(char* text);                                                    \
     ZR_STORE_API void ExportedFunc_Set##name(const char* text);
 #define ZR_U32_SET_ONLY(name) ZR_STORE_API void ExportedFunc_Set##name(std::uint32_t value);
 #define ZR_TEXT_SET_ONLY(name, width) ZR_STORE_API void ExportedFunc_Set##name(const char* text);

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
-// Index into the keyword table, and the key of the store's banks. Unscoped, since a KeywordId is a plain number
-// wherever it is stored, and value numbers from 328 up extend it.
+// Index into the keyword table, and the key of the store's banks. Unscoped, since a KeywordId is a plain
+// number wherever it is stored, and value numbers from 328 up extend it.
 namespace keyword {
 enum KeywordId : int {
 #define ZR_KEYWORD(name) name,

@@ -1,0 +1,111 @@
+// The driver's first call for a sheet, on a printer of the spooler and with a registry of the test's own.
+#include "oemps/property_page.h"
+
+#include "host/install_printer.h"
+#include "oemps/sheet_state.h"
+#include "tests/support/registry_override.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+namespace {
+
+std::wstring OwnFolder() {
+    wchar_t path[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    const std::wstring whole = path;
+    return whole.substr(0, whole.rfind(L'\\'));
+}
+
+class PropertyPage : public testing::Test {
+  protected:
+    static void SetUpTestSuite() {
+        const InstallResult installed = InstallPrinter(OwnFolder());
+        ASSERT_TRUE(installed.ok) << std::string(installed.message.begin(), installed.message.end());
+    }
+    void SetUp() override {
+        std::wstring name = kPrinterName;
+        ASSERT_TRUE(OpenPrinterW(name.data(), &printer, nullptr)) << GetLastError();
+        param.cbSize = sizeof param;
+        param.hPrinter = printer;
+    }
+    void TearDown() override { ClosePrinter(printer); }
+
+    HANDLE printer = nullptr;
+    OEMCUIPPARAM param{};
+};
+
+class GuidPrinter : public testing::Test {
+  protected:
+    std::string Read() {
+        std::array<char, 256> out;
+        out.fill('x');
+        GetGuidPrinter("Printers\\Connections\\,,server,Orvane", out);
+        return out.data();
+    }
+    void Write(DWORD type, const std::string& bytes) {
+        RegSetKeyValueA(HKEY_CURRENT_USER, "Printers\\Connections\\,,server,Orvane", "GuidPrinter", type,
+                        bytes.data(), static_cast<DWORD>(bytes.size()));
+    }
+
+    RegistryOverride user{HKEY_CURRENT_USER};
+};
+
+} // namespace
+
+TEST_F(GuidPrinter, OfAMissingKeyIsEmptyAndTheKeyIsMade) {
+    EXPECT_EQ(Read(), "");
+    EXPECT_TRUE(user.Has("Printers\\Connections\\,,server,Orvane"));
+}
+
+TEST_F(GuidPrinter, IsReadWithAndWithoutItsNul) {
+    Write(REG_SZ, std::string("{1234}") + '\0');
+    EXPECT_EQ(Read(), "{1234}");
+    Write(REG_SZ, "{5678}");
+    EXPECT_EQ(Read(), "{5678}");
+}
+
+TEST_F(GuidPrinter, ThatIsEmptyOrNoTextOrTooLongIsEmpty) {
+    Write(REG_SZ, "");
+    EXPECT_EQ(Read(), "");
+    Write(REG_DWORD, "abcd");
+    EXPECT_EQ(Read(), "");
+    Write(REG_SZ, std::string(300, 'g'));
+    EXPECT_EQ(Read(), "");
+}
+
+TEST_F(PropertyPage, NamesTheUsersKeyByThePrinterAndTheGuidOfTheFirstConnectionThatContainsItsName) {
+    RegistryOverride user(HKEY_CURRENT_USER);
+    user.AddText("Printers\\Connections\\,,server,Another", "GuidPrinter", "{A}");
+    user.AddText("Printers\\Connections\\,,server,Orvane X100 copy", "GuidPrinter", "{B}");
+    EXPECT_EQ(hrOEMPropertyPage(OEMCUIP_DOCPROP, &param), S_OK);
+    EXPECT_STREQ(g_UserInfoKey, "Software\\Zephra\\ZR Print Driver Data\\Orvane X100{B}\\UserInfo");
+}
+
+TEST_F(PropertyPage, WithoutAConnectionNamesTheUsersKeyByThePrinterAlone) {
+    RegistryOverride user(HKEY_CURRENT_USER);
+    EXPECT_EQ(hrOEMPropertyPage(OEMCUIP_DOCPROP, &param), S_OK);
+    EXPECT_STREQ(g_UserInfoKey, "Software\\Zephra\\ZR Print Driver Data\\Orvane X100\\UserInfo");
+}
+
+TEST_F(PropertyPage, PreparesTheDeviceSheetAndKeepsItsPrinter) {
+    g_hPrinter = nullptr;
+    EXPECT_EQ(hrOEMPropertyPage(OEMCUIP_PRNPROP, &param), S_OK);
+    EXPECT_EQ(g_hPrinter, printer);
+    EXPECT_EQ(param.cOEMOptItems, 1u);
+}
+
+TEST_F(PropertyPage, RefusesAnotherMode) {
+    for (const DWORD mode : {0, 3}) {
+        SetLastError(0);
+        EXPECT_EQ(hrOEMPropertyPage(mode, &param), static_cast<HRESULT>(0x80004005));
+        EXPECT_EQ(GetLastError(), 87u);
+    }
+}
+
+TEST_F(PropertyPage, FailsWithoutPrinterInformation) {
+    param.hPrinter = nullptr;
+    EXPECT_EQ(hrOEMPropertyPage(OEMCUIP_DOCPROP, &param), static_cast<HRESULT>(0x80004005));
+}

@@ -1,0 +1,51 @@
+#include "recording_store.h"
+
+#include "session/datamanager.h"
+
+#include <utility>
+
+namespace recording_store {
+
+std::vector<Call>& Calls() {
+    static std::vector<Call> calls;
+    return calls;
+}
+
+} // namespace recording_store
+
+namespace {
+
+void Note(const char* operation, std::string argument = "") {
+    recording_store::Calls().push_back({operation, std::move(argument)});
+}
+
+} // namespace
+
+#define ZR_RECORD_NUMBER(name, type)                                                                         \
+    void ExportedFunc_Get##name(type* value) {                                                               \
+        Note("Get" #name);                                                                                   \
+        *value = 0;                                                                                          \
+    }                                                                                                        \
+    void ExportedFunc_Set##name(type value) {                                                                \
+        Note("Set" #name, std::to_string(value));                                                            \
+    }
+#define ZR_U32(name) ZR_RECORD_NUMBER(name, std::uint32_t)
+#define ZR_I32(name) ZR_RECORD_NUMBER(name, std::int32_t)
+#define ZR_U64(name) ZR_RECORD_NUMBER(name, std::uint64_t)
+#define ZR_TEXT_VALUE(name, width)                                                                           \
+    void ExportedFunc_Get##name(char* text) {                                                                \
+        Note("Get" #name);                                                                                   \
+        *text = '\0';                                                                                        \
+    }                                                                                                        \
+    void ExportedFunc_Set##name(const char* text) {                                                          \
+        Note("Set" #name, text);                                                                             \
+    }
+#define ZR_U32_SET_ONLY(name)                                                                                \
+    void ExportedFunc_Set##name(std::uint32_t value) {                                                       \
+        Note("Set" #name, std::to_string(value));                                                            \
+    }
+#define ZR_TEXT_SET_ONLY(name, width)                                                                        \
+    void ExportedFunc_Set##name(const char* text) {                                                          \
+        Note("Set" #name, text);                                                                             \
+    }
+#include "session/named_values.def"
