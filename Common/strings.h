@@ -15,4 +15,5 @@ std::string LoadText(unsigned id);
 // Names the module, an HINSTANCE, whose resources are in use: texts, dialogs and images all come from it.
 // Null, as at the start, stands for the program itself. Windows only.
 void SetStringModule(void* module);
+// The module in use, never null.
 void* StringModule();

@@ -3,6 +3,7 @@
 #include "Common/log.h"
 #include "oemps/property_sheet.h"
 #include "oemps/sheet_state.h"
+#include "pages/controls.h"
 #include "pages/devicepage.h"
 #include "resources/resource.h"
 
@@ -56,6 +57,7 @@ HRESULT hrOEMDevicePropertySheets(PROPSHEETUI_INFO* info, LPARAM param) {
     }
     const auto* sheet = reinterpret_cast<const OEMUIPSPARAM*>(info->lParamInit);
     g_Permission = sheet && (sheet->dwFlags & OEMUI_READ_ONLY) == 0 ? 1 : 0;
+    RegisterPageControls();
     info->Result = AddPage(*info, IDD_DEVICE_PAGE, IDS_DEVICE_PAGE_TITLE, DevicePropPageProc, 0);
     return S_OK;
 }

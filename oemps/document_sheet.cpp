@@ -8,6 +8,7 @@
 #include "oemps/setting_manager_end.h"
 #include "oemps/sheet_state.h"
 #include "pages/advancedpage.h"
+#include "pages/controls.h"
 #include "pages/standardpage.h"
 #include "resources/resource.h"
 #include "session/datamanager.h"
@@ -73,6 +74,7 @@ void HideAll(std::span<OPTITEM> items) {
 
 // The pages exist before the block is complete; they get their first message after the callback has returned.
 void AddPages(PROPSHEETUI_INFO& info, IPrintOemDriverUI* helper) {
+    RegisterPageControls();
     SessionBlock& block = *g_SessionBlock;
     const auto session = reinterpret_cast<LPARAM>(g_SessionBlock);
     AddPage(info, IDD_STANDARD_PAGE, IDS_STANDARD_PAGE_TITLE, StandardPageProc, session);

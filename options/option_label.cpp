@@ -1,0 +1,96 @@
+#include "Common/strings.h"
+#include "Common/text.h"
+#include "options/PrintOptionSetting.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <iterator>
+
+namespace {
+
+struct Tag {
+    std::string_view tag;
+    unsigned text;
+};
+
+constexpr auto kTags = [] {
+    std::array tags{
+#define ZR_OPTION_TAG(tag, text) Tag{#tag, text},
+#include "options/option_tags.def"
+#undef ZR_OPTION_TAG
+    };
+    std::ranges::sort(tags, {}, &Tag::tag);
+    return tags;
+}();
+static_assert(std::ranges::adjacent_find(kTags, {}, &Tag::tag) == kTags.end(), "a tag stands twice");
+
+// The string number of a tag, 0 for an unknown one.
+constexpr unsigned TagText(std::string_view tag) {
+    const auto row = std::ranges::lower_bound(kTags, tag, {}, &Tag::tag);
+    return row != kTags.end() && row->tag == tag ? row->text : 0;
+}
+
+struct Label {
+    int item;
+    unsigned text;        // 0 where the text is a tag's
+    std::string_view tag; // empty where there is a string number
+    std::string_view suffix;
+};
+
+constexpr auto kLabels = [] {
+    using namespace keyword;
+    using namespace option_item;
+    return std::array{
+#define ZR_TEXT_LABEL(item, text, suffix) Label{item, text, {}, suffix},
+#define ZR_TAG_LABEL(item, tag, suffix) Label{item, 0, #tag, suffix},
+#include "options/option_labels.def"
+#undef ZR_TEXT_LABEL
+#undef ZR_TAG_LABEL
+    };
+}();
+static_assert(std::ranges::all_of(kLabels,
+                                  [](const Label& label) { return label.text || TagText(label.tag); }),
+              "a label names a tag that is not in the tag table");
+
+// Position in kLabels plus 1 by item, 0 for an item without a label.
+constexpr auto kLabelOfItem = [] {
+    std::array<std::uint8_t, option_item::Limit> index{};
+    for (std::size_t i = 0; i < kLabels.size(); ++i)
+        index[static_cast<std::size_t>(kLabels[i].item)] = static_cast<std::uint8_t>(i + 1);
+    return index;
+}();
+
+const Label* FindLabel(int item) {
+    if (item < 0 || item >= option_item::Limit)
+        return nullptr;
+    const std::uint8_t position = kLabelOfItem[static_cast<std::size_t>(item)];
+    return position ? &kLabels[position - 1u] : nullptr;
+}
+
+} // namespace
+
+std::string& LookupOptionTag(std::string& result, std::string_view tag) {
+    result.clear();
+    std::array<char, 64> text;
+    if (const unsigned id = TagText(tag))
+        result.assign(text.data(), LoadText(id, text));
+    return result;
+}
+
+int GetPrintOptionString(const int* key, char* buffer, std::size_t bufferSize) {
+    const Label* label = FindLabel(*key);
+    if (!label) {
+        std::memset(buffer, 0, bufferSize);
+        return 0;
+    }
+    std::string text;
+    if (label->text)
+        text = LoadText(label->text);
+    else
+        LookupOptionTag(text, label->tag);
+    text += label->suffix;
+    CopyText({buffer, bufferSize}, text);
+    return 1;
+}

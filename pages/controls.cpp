@@ -1,0 +1,80 @@
+#include "pages/controls.h"
+
+#include <commctrl.h>
+#include <prsht.h>
+
+#include <array>
+
+namespace {
+
+void InsertRow(HWND comboEx, COMBOBOXEXITEMA& item, const std::string& text) {
+    item.mask |= CBEIF_TEXT;
+    item.iItem = -1;
+    item.pszText = const_cast<char*>(text.c_str());
+    SendMessageA(comboEx, CBEM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+} // namespace
+
+void RegisterPageControls() {
+    const INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_WIN95_CLASSES | ICC_USEREX_CLASSES};
+    InitCommonControlsEx(&controls);
+}
+
+void SetCaption(HWND dialog, int controlId, const std::string& text) {
+    SetDlgItemTextA(dialog, controlId, text.c_str());
+}
+
+std::string ControlText(HWND control) {
+    std::array<char, 1024> text{};
+    const int length = GetWindowTextA(control, text.data(), static_cast<int>(text.size()));
+    return {text.data(), static_cast<std::size_t>(length)};
+}
+
+void ClearRows(HWND combo) {
+    SendMessageA(combo, CB_RESETCONTENT, 0, 0);
+}
+
+void AppendRow(HWND comboEx, const std::string& text) {
+    COMBOBOXEXITEMA item{};
+    InsertRow(comboEx, item, text);
+}
+
+void AppendRow(HWND comboEx, const std::string& text, int image) {
+    COMBOBOXEXITEMA item{};
+    item.mask = CBEIF_IMAGE | CBEIF_SELECTEDIMAGE;
+    item.iImage = image;
+    item.iSelectedImage = image;
+    InsertRow(comboEx, item, text);
+}
+
+std::string RowText(HWND combo, int row) {
+    // The row is checked here, since an extended combo box does not report a bad one reliably.
+    const LRESULT count = SendMessageA(combo, CB_GETCOUNT, 0, 0);
+    if (row < 0 || row >= count)
+        return {};
+    const LRESULT length = SendMessageA(combo, CB_GETLBTEXTLEN, static_cast<WPARAM>(row), 0);
+    if (length <= 0)
+        return {};
+    std::string text(static_cast<std::size_t>(length) + 1, '\0');
+    const LRESULT copied =
+        SendMessageA(combo, CB_GETLBTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(copied > 0 && copied < length ? static_cast<std::size_t>(copied)
+                                              : static_cast<std::size_t>(length));
+    return text;
+}
+
+void SelectRow(HWND combo, std::uint32_t value) {
+    // -1 is sent outright for a value without a row: not every combo box clears its selection on a bad index.
+    const LRESULT count = SendMessageA(combo, CB_GETCOUNT, 0, 0);
+    const int row = LOWORD(value);
+    SendMessageA(combo, CB_SETCURSEL, row < count ? static_cast<WPARAM>(row) : static_cast<WPARAM>(-1), 0);
+}
+
+int SelectedRow(HWND combo) {
+    return combo ? static_cast<int>(SendMessageA(combo, CB_GETCURSEL, 0, 0)) : -1;
+}
+
+void NotifyPageChanged(HWND page) {
+    SendMessageA(GetParent(page), PSM_CHANGED, reinterpret_cast<WPARAM>(page), 0);
+}

@@ -1,0 +1,40 @@
+#include "pages/standardpage.h"
+
+#include "Common/log.h"
+#include "session/datamanager.h"
+#include "session/session.h"
+
+INT_PTR CALLBACK StandardPageProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CStandardPageDlg(dialog, ProcessProfile()).DlgProc(message, wParam, lParam);
+}
+
+int CStandardPageDlg::Initialize(SessionBlock*, int) {
+    ZR_LOG_ENTRY();
+    return 1;
+}
+
+int CStandardPageDlg::OnCommand(WORD, WORD, HWND) {
+    return 0;
+}
+
+int CStandardPageDlg::OnNotify_setActive() {
+    ZR_LOG_ENTRY();
+    ExportedFunc_SetActive(m_hwnd);
+    return 1;
+}
+
+int CStandardPageDlg::OnNotify_killActive() {
+    ZR_LOG_ENTRY();
+    CSession(Session()).ApplyAll();
+    return 1;
+}
+
+int CStandardPageDlg::OnNotify_apply(int) {
+    ZR_LOG_ENTRY();
+    CSession(Session()).NotifyApplied(kResultPage);
+    return 1;
+}
+
+int CStandardPageDlg::OnDrawItem(int, const DRAWITEMSTRUCT*) {
+    return 0;
+}
