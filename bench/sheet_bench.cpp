@@ -166,9 +166,7 @@ class Driver {
 
   private:
     static LONG CALLBACK Sheet(PPROPSHEETUI_INFO info, LPARAM param) {
-        if (info->Reason == PROPSHEETUI_REASON_INIT)
-            info->UserData = static_cast<ULONG_PTR>(info->lParamInit);
-        auto& driver = *reinterpret_cast<Driver*>(info->UserData);
+        auto& driver = *reinterpret_cast<Driver*>(info->lParamInit);
         PROPSHEETUI_INFO own = *info;
         own.lParamInit = reinterpret_cast<LPARAM>(&driver.m_sheet);
         driver.m_plugIn->DocumentPropertySheets(&own, param);
