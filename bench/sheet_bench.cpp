@@ -209,6 +209,8 @@ int main() {
         std::printf("%ls\n", installed.message.c_str());
         return 1;
     }
+    // The driver's module is the one that calls a plug-in, so it is loaded whenever a sheet opens.
+    LoadLibraryW((installed.driverDirectory + L"\\x100drvui.dll").c_str());
     wchar_t name[] = L"Orvane X100";
     HANDLE printer = nullptr;
     plugInModule = LoadLibraryA("ZRPDS31J.dll");

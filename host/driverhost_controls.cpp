@@ -1,0 +1,230 @@
+#include "host/driverhost_controls.h"
+
+#include "host/driverhost_text.h"
+#include "host/driverhost_windows.h"
+#include "host/script.h"
+
+#include <array>
+#include <vector>
+
+#include <commctrl.h>
+#include <prsht.h>
+
+namespace driverhost {
+namespace {
+
+constexpr std::size_t kTextLimit = 4096;
+
+bool HasClass(HWND window, const wchar_t* name) {
+    std::array<wchar_t, 64> buffer{};
+    GetClassNameW(window, buffer.data(), static_cast<int>(buffer.size()));
+    return lstrcmpiW(buffer.data(), name) == 0;
+}
+
+bool IsExtendedCombo(HWND control) {
+    return HasClass(control, WC_COMBOBOXEXW);
+}
+
+std::string WhyUnusable(HWND control) {
+    if (!IsWindowVisible(control))
+        return "the control is hidden";
+    if (!IsWindowEnabled(control))
+        return "the control is disabled";
+    return "";
+}
+
+// A combo box notifies its parent. The box inside an extended one notifies that one, which passes it on under
+// its own id as it sees fit.
+class ComboNotifier {
+  public:
+    explicit ComboNotifier(HWND combo)
+        : m_combo(combo), m_source(IsExtendedCombo(combo) ? Inner(combo) : combo),
+          m_target(IsExtendedCombo(combo) ? combo : GetParent(combo)) {}
+
+    void Focus() const { SetFocus(m_source); }
+
+    void Notify(WORD code) const {
+        if (IsWindow(m_combo))
+            SendMessageW(m_target, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(m_source), code),
+                         reinterpret_cast<LPARAM>(m_source));
+    }
+
+  private:
+    static HWND Inner(HWND combo) {
+        return reinterpret_cast<HWND>(SendMessageW(combo, CBEM_GETCOMBOCONTROL, 0, 0));
+    }
+
+    HWND m_combo;
+    HWND m_source;
+    HWND m_target;
+};
+
+std::wstring ExtendedRowText(HWND combo, int row) {
+    std::vector<wchar_t> buffer(kTextLimit);
+    COMBOBOXEXITEMW item{};
+    item.mask = CBEIF_TEXT;
+    item.iItem = row;
+    item.pszText = buffer.data();
+    item.cchTextMax = static_cast<int>(buffer.size() - 1);
+    if (!SendMessageW(combo, CBEM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item)) || !item.pszText)
+        return L"";
+    return item.pszText;
+}
+
+std::wstring RowText(HWND combo, int row) {
+    if (IsExtendedCombo(combo))
+        return ExtendedRowText(combo, row);
+    const LRESULT length = SendMessageW(combo, CB_GETLBTEXTLEN, static_cast<WPARAM>(row), 0);
+    if (length < 0)
+        return L"";
+    // Of an ANSI box the length may count bytes; it is never below the characters.
+    std::vector<wchar_t> buffer(static_cast<std::size_t>(length) + 2);
+    SendMessageW(combo, CB_GETLBTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(buffer.data()));
+    return buffer.data();
+}
+
+int RowCount(HWND combo) {
+    return static_cast<int>(SendMessageW(combo, CB_GETCOUNT, 0, 0));
+}
+
+std::wstring TabTitle(HWND tab, int index) {
+    std::array<wchar_t, 256> buffer{};
+    TCITEMW item{};
+    item.mask = TCIF_TEXT;
+    item.pszText = buffer.data();
+    item.cchTextMax = static_cast<int>(buffer.size());
+    SendMessageW(tab, TCM_GETITEMW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
+    return item.pszText ? item.pszText : L"";
+}
+
+HWND TabControl(HWND sheet) {
+    return reinterpret_cast<HWND>(SendMessageW(sheet, PSM_GETTABCONTROL, 0, 0));
+}
+
+void SendKeys(HWND edit, const std::wstring& text) {
+    for (const wchar_t c : text)
+        SendMessageW(edit, WM_CHAR, c == L'\n' ? L'\r' : c, 1);
+}
+
+} // namespace
+
+HWND FindControl(HWND front, int id) {
+    if (IsSheet(front)) {
+        const HWND page = reinterpret_cast<HWND>(SendMessageW(front, PSM_GETCURRENTPAGEHWND, 0, 0));
+        if (const HWND control = page ? GetDlgItem(page, id) : nullptr)
+            return control;
+    }
+    return GetDlgItem(front, id);
+}
+
+bool IsCombo(HWND control) {
+    return HasClass(control, WC_COMBOBOXW) || IsExtendedCombo(control);
+}
+
+std::string ChooseRow(HWND combo, int row) {
+    if (!IsCombo(combo))
+        return "the control is no combo box";
+    if (std::string reason = WhyUnusable(combo); !reason.empty())
+        return reason;
+    const int count = RowCount(combo);
+    if (row < 0 || row >= count)
+        return "the combo box has " + std::to_string(count) + " rows, counted from 0";
+    const ComboNotifier notifier(combo);
+    notifier.Focus();
+    notifier.Notify(CBN_DROPDOWN);
+    SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
+    notifier.Notify(CBN_SELENDOK);
+    notifier.Notify(CBN_CLOSEUP);
+    notifier.Notify(CBN_SELCHANGE);
+    return "";
+}
+
+std::string ChooseText(HWND combo, const std::wstring& text) {
+    if (!IsCombo(combo))
+        return "the control is no combo box";
+    std::string rows;
+    for (int row = 0; row < RowCount(combo); ++row) {
+        const std::wstring label = RowText(combo, row);
+        if (label == text)
+            return ChooseRow(combo, row);
+        rows += (row > 0 ? ", " : "") + script::Quoted(Narrow(label));
+    }
+    return "no row is " + script::Quoted(Narrow(text)) + "; there are: " + rows;
+}
+
+std::string Click(HWND button) {
+    if (!HasClass(button, WC_BUTTONW))
+        return "the control is no button";
+    if (std::string reason = WhyUnusable(button); !reason.empty())
+        return reason;
+    SendMessageW(button, BM_CLICK, 0, 0);
+    return "";
+}
+
+std::string Check(HWND button, bool on) {
+    if (!HasClass(button, WC_BUTTONW))
+        return "the control is no button";
+    if (std::string reason = WhyUnusable(button); !reason.empty())
+        return reason;
+    if (IsChecked(button) == on)
+        return "";
+    SendMessageW(button, BM_CLICK, 0, 0);
+    if (IsWindow(button) && IsChecked(button) != on)
+        return on ? "a click does not check it" : "a click does not uncheck it";
+    return "";
+}
+
+std::string TypeText(HWND edit, const std::wstring& text) {
+    if (!HasClass(edit, WC_EDITW))
+        return "the control is no edit field";
+    if (std::string reason = WhyUnusable(edit); !reason.empty())
+        return reason;
+    if (GetWindowLongPtrW(edit, GWL_STYLE) & ES_READONLY)
+        return "the edit field can't be changed";
+    SetFocus(edit);
+    SendMessageW(edit, EM_SETSEL, 0, -1);
+    SendMessageW(edit, WM_CLEAR, 0, 0);
+    SendKeys(edit, text);
+    return "";
+}
+
+std::string GoToPage(HWND sheet, const std::wstring& title) {
+    const HWND tab = TabControl(sheet);
+    std::string pages;
+    for (int page = 0; page < static_cast<int>(SendMessageW(tab, TCM_GETITEMCOUNT, 0, 0)); ++page) {
+        const std::wstring found = TabTitle(tab, page);
+        if (found == title) {
+            SendMessageW(sheet, PSM_SETCURSEL, static_cast<WPARAM>(page), 0);
+            return CurrentPage(sheet) == title ? "" : "the sheet stays on its page";
+        }
+        pages += (page > 0 ? ", " : "") + script::Quoted(Narrow(found));
+    }
+    return "no page is called " + script::Quoted(Narrow(title)) + "; there are: " + pages;
+}
+
+std::wstring CurrentPage(HWND sheet) {
+    const HWND tab = TabControl(sheet);
+    const int page = static_cast<int>(SendMessageW(tab, TCM_GETCURSEL, 0, 0));
+    return page < 0 ? L"" : TabTitle(tab, page);
+}
+
+int SelectedRow(HWND combo) {
+    return static_cast<int>(SendMessageW(combo, CB_GETCURSEL, 0, 0));
+}
+
+bool IsChecked(HWND button) {
+    return SendMessageW(button, BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+std::wstring ShownText(HWND control) {
+    const bool list = IsCombo(control) && (GetWindowLongPtrW(control, GWL_STYLE) & 3) == CBS_DROPDOWNLIST;
+    if (list) {
+        const int row = SelectedRow(control);
+        return row < 0 ? L"" : RowText(control, row);
+    }
+    std::vector<wchar_t> buffer(kTextLimit);
+    GetWindowTextW(control, buffer.data(), static_cast<int>(buffer.size()));
+    return buffer.data();
+}
+
+} // namespace driverhost

@@ -1,0 +1,201 @@
+#include "host/driverhost_driver.h"
+
+#include "host/driverhost_text.h"
+#include "host/install_printer.h"
+#include "host/ppd.h"
+#include "host/script.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <initializer_list>
+#include <string_view>
+#include <variant>
+
+namespace driverhost {
+namespace {
+
+std::wstring ProgramFolder() {
+    std::array<wchar_t, MAX_PATH> path{};
+    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    const std::wstring_view name(path.data(), length);
+    return std::wstring(name.substr(0, name.find_last_of(L'\\')));
+}
+
+std::string ReadDescription(const std::wstring& file) {
+    const auto bytes = ReadWhole(file, ppd::kMaxFileSize);
+    if (!bytes)
+        return "the device description " + Narrow(file) + " can't be read";
+    const auto parsed = ppd::Parse({bytes->data(), bytes->size()});
+    if (const auto* error = std::get_if<ppd::PpdError>(&parsed))
+        return script::Describe(Narrow(file), {static_cast<int>(error->line), error->message});
+    return "";
+}
+
+// A folder of its own for the time of an installation, emptied and removed afterwards.
+class StagingFolder {
+  public:
+    StagingFolder() {
+        std::array<wchar_t, MAX_PATH> temporary{};
+        GetTempPathW(static_cast<DWORD>(temporary.size()), temporary.data());
+        m_path = std::wstring(temporary.data()) + L"driverhost-" + std::to_wstring(GetCurrentProcessId());
+        CreateDirectoryW(m_path.c_str(), nullptr);
+    }
+    ~StagingFolder() {
+        for (const std::wstring& file : m_files)
+            DeleteFileW(file.c_str());
+        RemoveDirectoryW(m_path.c_str());
+    }
+    StagingFolder(const StagingFolder&) = delete;
+    StagingFolder& operator=(const StagingFolder&) = delete;
+
+    const std::wstring& Path() const { return m_path; }
+
+    bool Take(const std::wstring& source, const std::wstring& name) {
+        m_files.push_back(m_path + L"\\" + name);
+        return CopyFileW(source.c_str(), m_files.back().c_str(), FALSE);
+    }
+
+  private:
+    std::wstring m_path;
+    std::vector<std::wstring> m_files;
+};
+
+Installed Outcome(const InstallResult& result) {
+    return {result.ok ? "" : "the printer can't be installed: " + Narrow(result.message),
+            result.driverDirectory};
+}
+
+Installed InstallWithDescription(const std::wstring& printer, const std::wstring& description) {
+    const DriverPackage package;
+    const std::wstring program = ProgramFolder() + L"\\";
+    StagingFolder staging;
+    // The installation itself tells which of the program's own files are missed.
+    staging.Take(program + package.configFile, package.configFile);
+    for (const std::wstring& file : package.dependentFiles)
+        staging.Take(program + file, file);
+    if (!staging.Take(description, package.dataFile))
+        return {"the device description " + Narrow(description) + " can't be copied", L""};
+    return Outcome(InstallPrinter(staging.Path(), printer, package));
+}
+
+// Other printers may have been installed with the same driver.
+bool IsDriverInUse() {
+    constexpr DWORD kFlags = PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS;
+    DWORD needed = 0;
+    DWORD count = 0;
+    EnumPrintersW(kFlags, nullptr, 2, nullptr, 0, &needed, &count);
+    std::vector<BYTE> buffer(needed);
+    if (!EnumPrintersW(kFlags, nullptr, 2, buffer.data(), needed, &needed, &count))
+        return true;
+    const std::span printers(reinterpret_cast<const PRINTER_INFO_2W*>(buffer.data()), count);
+    return std::ranges::any_of(printers, [](const PRINTER_INFO_2W& printer) {
+        return printer.pDriverName && std::wstring_view(printer.pDriverName) == kDriverName;
+    });
+}
+
+std::string RemoveDriver() {
+    std::wstring driver = kDriverName;
+    // Wine refuses any flag, and leaves the last error alone for a driver that is not there.
+    for (const DWORD flag : {static_cast<DWORD>(DPD_DELETE_UNUSED_FILES), DWORD{0}}) {
+        SetLastError(ERROR_SUCCESS);
+        if (DeletePrinterDriverExW(nullptr, nullptr, driver.data(), flag, 0))
+            return "";
+        const DWORD error = GetLastError();
+        if (error == ERROR_SUCCESS || error == ERROR_UNKNOWN_PRINTER_DRIVER)
+            return "";
+        if (error != ERROR_INVALID_PARAMETER)
+            break;
+    }
+    return "the driver can't be removed: " + ErrorText(GetLastError());
+}
+
+} // namespace
+
+Installed Install(const Options& options) {
+    const std::wstring printer = Widen(options.printer);
+    const std::wstring description =
+        options.ppd.empty() ? ProgramFolder() + L"\\" + DriverPackage().dataFile : Widen(options.ppd);
+    if (std::string error = ReadDescription(description); !error.empty())
+        return {error, L""};
+    return options.ppd.empty() ? Outcome(InstallPrinter(ProgramFolder(), printer))
+                               : InstallWithDescription(printer, description);
+}
+
+std::string Remove(const std::wstring& printerName) {
+    if (!RemovePrinter(printerName))
+        return "the printer can't be removed: " + ErrorText(GetLastError());
+    return IsDriverInUse() ? "" : RemoveDriver();
+}
+
+std::optional<std::vector<char>> ReadWhole(const std::wstring& file, std::size_t limit) {
+    const HANDLE handle = CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE)
+        return std::nullopt;
+    std::optional<std::vector<char>> bytes;
+    LARGE_INTEGER size{};
+    if (GetFileSizeEx(handle, &size) && size.QuadPart <= static_cast<LONGLONG>(limit)) {
+        bytes.emplace(static_cast<std::size_t>(size.QuadPart));
+        DWORD read = 0;
+        if (!ReadFile(handle, bytes->data(), static_cast<DWORD>(bytes->size()), &read, nullptr) ||
+            read != bytes->size())
+            bytes.reset();
+    }
+    CloseHandle(handle);
+    return bytes;
+}
+
+std::wstring DescriptionOf(const std::wstring& printerName) {
+    std::wstring name = printerName;
+    HANDLE printer = nullptr;
+    if (!OpenPrinterW(name.data(), &printer, nullptr))
+        return L"";
+    DWORD needed = 0;
+    GetPrinterDriverW(printer, nullptr, 3, nullptr, 0, &needed);
+    std::vector<BYTE> buffer(needed);
+    std::wstring description;
+    if (needed >= sizeof(DRIVER_INFO_3W) &&
+        GetPrinterDriverW(printer, nullptr, 3, buffer.data(), needed, &needed)) {
+        const auto* info = reinterpret_cast<const DRIVER_INFO_3W*>(buffer.data());
+        description = info->pDataFile ? info->pDataFile : L"";
+    }
+    ClosePrinter(printer);
+    return description;
+}
+
+template <typename Function>
+void DriverModule::Find(HMODULE module, const char* name, Function& function) {
+    const FARPROC address = GetProcAddress(module, name);
+    static_assert(sizeof function == sizeof address);
+    std::memcpy(&function, &address, sizeof function);
+    if (!address)
+        m_trouble = "the installed driver has no " + std::string(name);
+}
+
+DriverModule::DriverModule(const std::wstring& driverDirectory) {
+    const std::wstring file = driverDirectory + L"\\" + DriverPackage().configFile;
+    const HMODULE module = LoadLibraryExW(file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+    if (!module) {
+        m_trouble = Narrow(file) + " can't be loaded: " + ErrorText(GetLastError());
+        return;
+    }
+    Find(module, "DrvDevicePropertySheets", m_deviceSheets);
+    Find(module, "X100GetLastMessage", m_lastMessage);
+    Find(module, "X100CheckDevMode", m_check);
+}
+
+std::string DriverModule::LastMessage(const std::string& otherwise) const {
+    std::array<wchar_t, 1024> buffer{};
+    if (!m_lastMessage || m_lastMessage(buffer.data(), static_cast<DWORD>(buffer.size())) == 0)
+        return otherwise;
+    return Narrow(buffer.data());
+}
+
+std::string DriverModule::Refusal(const std::wstring& printerName, std::span<const std::byte> devmode) const {
+    if (m_check(printerName.c_str(), devmode.data(), static_cast<DWORD>(devmode.size())))
+        return "";
+    return LastMessage("the driver refuses it");
+}
+
+} // namespace driverhost

@@ -1,0 +1,58 @@
+// The printer's driver as it is installed: putting it in, taking it out, and the module that the spooler
+// loads.
+#pragma once
+
+#include "host/driverhost_options.h"
+#include "host/x100drvui.h"
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace driverhost {
+
+struct Installed {
+    std::string error;            // UTF-8; "" if the printer is there
+    std::wstring driverDirectory; // where the spooler keeps the driver's files
+};
+
+// Brings driver and printer in from the files beside the program, the device description from where the
+// options say. A description that can't be read changes nothing.
+Installed Install(const Options& options);
+
+// Takes printer and driver out; returns "" or what could not be done.
+std::string Remove(const std::wstring& printerName);
+
+// The bytes of a file, none if it can't be read or has more than `limit`.
+std::optional<std::vector<char>> ReadWhole(const std::wstring& file, std::size_t limit);
+
+// The description of the installed printer, "" for one that is not there.
+std::wstring DescriptionOf(const std::wstring& printerName);
+
+// The configuration module out of the spooler's folder.
+class DriverModule {
+  public:
+    explicit DriverModule(const std::wstring& driverDirectory);
+
+    // Why the module can't be used; "" if it can.
+    const std::string& Trouble() const { return m_trouble; }
+
+    PFNDRVPROPERTYSHEETS DeviceSheets() const { return m_deviceSheets; }
+    // Why the last call of this thread failed, `otherwise` if the module has nothing to say.
+    std::string LastMessage(const std::string& otherwise) const;
+    // Why the printer's driver would not take these settings; "" if it would.
+    std::string Refusal(const std::wstring& printerName, std::span<const std::byte> devmode) const;
+
+  private:
+    template <typename Function>
+    void Find(HMODULE module, const char* name, Function& function);
+
+    std::string m_trouble;
+    PFNDRVPROPERTYSHEETS m_deviceSheets = nullptr;
+    PFNX100GETLASTMESSAGE m_lastMessage = nullptr;
+    PFNX100CHECKDEVMODE m_check = nullptr;
+};
+
+} // namespace driverhost

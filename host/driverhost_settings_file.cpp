@@ -1,0 +1,117 @@
+#include "host/driverhost_settings_file.h"
+
+#include "host/driverhost_text.h"
+#include "host/dump.h"
+
+#include <array>
+#include <cwchar>
+#include <memory>
+#include <string_view>
+#include <type_traits>
+
+#include <windows.h>
+
+#include <shlobj.h>
+
+namespace driverhost {
+namespace {
+
+// Public part and extra are counted in 16 bits each.
+constexpr LONGLONG kMaximumSize = 2 * 0xFFFF;
+
+struct HandleCloser {
+    void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using FileHandle = std::unique_ptr<void, HandleCloser>;
+
+FileHandle OpenFile(const std::wstring& file, DWORD access, DWORD disposition) {
+    const HANDLE handle = CreateFileW(file.c_str(), access, FILE_SHARE_READ, nullptr, disposition,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    return FileHandle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
+}
+
+std::wstring FileName(std::wstring_view printerName) {
+    constexpr std::wstring_view kForbidden = L"\\/:*?\"<>|%";
+    std::wstring name;
+    for (const wchar_t c : printerName) {
+        if (c >= 0x20 && kForbidden.find(c) == std::wstring_view::npos) {
+            name += c;
+            continue;
+        }
+        std::array<wchar_t, 8> code{};
+        std::swprintf(code.data(), code.size(), L"%%%02X", static_cast<unsigned>(c));
+        name += code.data();
+    }
+    return name + L".devmode";
+}
+
+std::wstring Folder() {
+    std::array<wchar_t, MAX_PATH> path{};
+    if (FAILED(SHGetFolderPathW(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT,
+                                path.data())))
+        return L".";
+    return std::wstring(path.data()) + L"\\Zephra\\Printers";
+}
+
+std::string Refusal(const std::wstring& file, const std::string& reason) {
+    return "the stored settings in " + Narrow(file) + " can't be used: " + reason;
+}
+
+bool WriteWhole(const std::wstring& file, const std::vector<std::byte>& bytes) {
+    const FileHandle handle = OpenFile(file, GENERIC_WRITE, CREATE_ALWAYS);
+    DWORD written = 0;
+    return handle &&
+           WriteFile(handle.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+           written == bytes.size() && FlushFileBuffers(handle.get());
+}
+
+} // namespace
+
+SettingsFile::SettingsFile(std::wstring printerName) : m_file(Folder() + L"\\" + FileName(printerName)) {}
+
+std::vector<std::byte> SettingsFile::Load(std::string& error) const {
+    const FileHandle handle = OpenFile(m_file, GENERIC_READ, OPEN_EXISTING);
+    if (!handle) {
+        const DWORD reason = GetLastError();
+        if (reason != ERROR_FILE_NOT_FOUND && reason != ERROR_PATH_NOT_FOUND)
+            error = Refusal(m_file, ErrorText(reason));
+        return {};
+    }
+    LARGE_INTEGER size{};
+    if (!GetFileSizeEx(handle.get(), &size) || size.QuadPart > kMaximumSize) {
+        error = Refusal(m_file, "it is longer than a DEVMODE can be");
+        return {};
+    }
+    std::vector<std::byte> bytes(static_cast<std::size_t>(size.QuadPart));
+    DWORD read = 0;
+    if (!ReadFile(handle.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr) ||
+        read != bytes.size()) {
+        error = Refusal(m_file, ErrorText(GetLastError()));
+        return {};
+    }
+    if (const std::string trouble = dump::Trouble(bytes); !trouble.empty()) {
+        error = Refusal(m_file, trouble);
+        return {};
+    }
+    return bytes;
+}
+
+std::string SettingsFile::Store(const std::vector<std::byte>& devmode) const {
+    SHCreateDirectoryExW(nullptr, m_file.substr(0, m_file.find_last_of(L'\\')).c_str(), nullptr);
+    const std::wstring fresh = m_file + L".new";
+    if (WriteWhole(fresh, devmode) &&
+        MoveFileExW(fresh.c_str(), m_file.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+        return "";
+    const DWORD reason = GetLastError();
+    DeleteFileW(fresh.c_str());
+    return "the settings can't be stored in " + Narrow(m_file) + ": " + ErrorText(reason);
+}
+
+std::string SettingsFile::Forget() const {
+    if (DeleteFileW(m_file.c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND ||
+        GetLastError() == ERROR_PATH_NOT_FOUND)
+        return "";
+    return Narrow(m_file) + " can't be deleted: " + ErrorText(GetLastError());
+}
+
+} // namespace driverhost

@@ -1,0 +1,120 @@
+#include "host/driverhost_store.h"
+
+#include "host/driverhost_text.h"
+
+#include <array>
+#include <cstring>
+#include <vector>
+
+#include <windows.h>
+
+namespace driverhost {
+namespace {
+
+enum class Type { U32, I32, U64, Text, SetOnly };
+
+struct Value {
+    const char* name;
+    Type type;
+    std::size_t width; // of a text, in bytes
+};
+
+constexpr std::array kValues{
+#define ZR_U32(name) Value{#name, Type::U32, 0},
+#define ZR_I32(name) Value{#name, Type::I32, 0},
+#define ZR_U64(name) Value{#name, Type::U64, 0},
+#define ZR_TEXT_VALUE(name, width) Value{#name, Type::Text, width},
+#define ZR_U32_SET_ONLY(name) Value{#name, Type::SetOnly, 0},
+#define ZR_TEXT_SET_ONLY(name, width) Value{#name, Type::SetOnly, width},
+#include "session/named_values.def"
+#undef ZR_U32
+#undef ZR_I32
+#undef ZR_U64
+#undef ZR_TEXT_VALUE
+#undef ZR_U32_SET_ONLY
+#undef ZR_TEXT_SET_ONLY
+};
+
+const Value* Find(const std::string& name) {
+    for (const Value& value : kValues)
+        if (name == value.name)
+            return &value;
+    return nullptr;
+}
+
+// The exported operation with this name; null, with the reason in `error`, if it can't be had.
+template <typename Function>
+Function Operation(const std::string& name, std::string& error) {
+    const HMODULE module = GetModuleHandleW(L"DataManager.dll");
+    if (!module) {
+        error = "DataManager.dll is not loaded";
+        return nullptr;
+    }
+    const FARPROC address = GetProcAddress(module, name.c_str());
+    if (!address)
+        error = "DataManager.dll has no " + name;
+    Function function = nullptr;
+    static_assert(sizeof function == sizeof address);
+    std::memcpy(&function, &address, sizeof function);
+    return function;
+}
+
+template <typename Number>
+StoreAnswer NumberValue(const std::string& operation) {
+    StoreAnswer answer;
+    Number number = 0;
+    if (const auto get = Operation<void (*)(Number*)>(operation, answer.error)) {
+        get(&number);
+        answer.value = std::to_string(number);
+    }
+    return answer;
+}
+
+StoreAnswer TextValue(const std::string& operation, std::size_t width) {
+    StoreAnswer answer;
+    std::vector<char> text(width + 1);
+    if (const auto get = Operation<void (*)(char*)>(operation, answer.error)) {
+        get(text.data());
+        answer.value = NarrowAnsi(text.data());
+    }
+    return answer;
+}
+
+const char* BankOperation(script::Bank bank) {
+    switch (bank) {
+    case script::Bank::Current: return "ExportedFunc_GetCurrent";
+    case script::Bank::Default: return "ExportedFunc_GetDefault";
+    case script::Bank::Favorite: return "ExportedFunc_GetFavorite";
+    case script::Bank::Preview: break;
+    }
+    return "ExportedFunc_GetPreview";
+}
+
+} // namespace
+
+StoreAnswer BankValue(script::Bank bank, int keyword) {
+    StoreAnswer answer;
+    std::uint32_t number = 0;
+    if (const auto get = Operation<void (*)(int, std::uint32_t*)>(BankOperation(bank), answer.error)) {
+        get(keyword, &number);
+        answer.value = std::to_string(number);
+    }
+    return answer;
+}
+
+StoreAnswer NamedValue(const std::string& name) {
+    const Value* value = Find(name);
+    if (!value)
+        return {"", "the store has no value called " + name};
+    const std::string operation = "ExportedFunc_Get" + name;
+    switch (value->type) {
+    case Type::U32: return NumberValue<std::uint32_t>(operation);
+    case Type::I32: return NumberValue<std::int32_t>(operation);
+    case Type::U64: return NumberValue<std::uint64_t>(operation);
+    case Type::Text: return TextValue(operation, value->width);
+    case Type::SetOnly: break;
+    }
+    return {"", "the value " + name + " can't be read"};
+}
+
+} // namespace driverhost

@@ -1,0 +1,45 @@
+// The driver's plug-in, known by its class id and the contract only.
+#pragma once
+
+#include "host/driver_files.h"
+#include "host/owned.h"
+#include "oemps/printoem.h"
+
+#include <cstddef>
+#include <span>
+
+// What stands behind the opaque driver object that a plug-in hands back.
+struct OEMUIOBJ {
+    DWORD cbSize;
+};
+
+class Plugin {
+  public:
+    // Throws Failure if the plug-in is not there or does not answer as one.
+    explicit Plugin(const DriverFiles& files);
+
+    // The bytes of its DEVMODE block.
+    std::size_t BlockSize(HANDLE printer);
+
+    // Fills the block that stands at the end of `out`.
+    void DefaultBlock(HANDLE printer, std::span<std::byte> out, std::size_t blockSize);
+
+    // Brings a stored block into the default one at the end of `out`: merged if it has this plug-in's size,
+    // converted if it was made by another version.
+    void TakeBlock(HANDLE printer, std::span<std::byte> out, std::size_t blockSize, PDEVMODEW publicIn,
+                   std::span<const std::byte> block);
+
+    IPrintOemUI& Interface() const { return *m_ui; }
+    POEMUIOBJ Object() { return &m_object; }
+    HMODULE Module() const { return m_module.get(); }
+
+  private:
+    void LoadFromFolder(const DriverFiles& files, const std::wstring& name);
+    void CreateRegistered();
+    void Call(DWORD mode, OEMDMPARAM& param, const char* what);
+    OEMDMPARAM Param(HANDLE printer, std::span<std::byte> out, std::size_t blockSize);
+
+    UniqueModule m_module; // outlives the object in it
+    UniqueCom<IPrintOemUI> m_ui;
+    OEMUIOBJ m_object{sizeof(OEMUIOBJ)};
+};

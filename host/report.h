@@ -1,0 +1,14 @@
+// How this module tells why a call failed: in the main log, to a debugger, and to the caller who asks.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// Keeps the message, UTF-8, as the last one and writes it to the log and the debugger.
+void Report(std::string_view message);
+
+// Only writes it: for what went on all the same.
+void Remark(std::string_view message);
+
+void ClearReport();
+std::wstring LastReport();

@@ -1,0 +1,326 @@
+// The player works on a property sheet of this program's own: two pages with the controls that the driver's
+// have.
+#include "host/driverhost_player.h"
+
+#include "host/driverhost_text.h"
+#include "tests/host/driverhost_sheet.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <prsht.h>
+
+namespace {
+
+std::string Utf8(const char8_t* text) {
+    return reinterpret_cast<const char*>(text);
+}
+
+// What the sheet of one test has seen.
+struct Seen {
+    std::vector<int> comboCodes; // notifications of the extended combo box
+    std::vector<int> answers;
+    int edits = 0;
+    int applied = 0;
+    int opened = 0;
+};
+Seen g_seen;
+
+// The pages talk to the ANSI side of the platform, as the driver's do.
+void FillCombos(HWND page) {
+    for (const char* text : {"A4", "B5", "はがき"}) {
+        COMBOBOXEXITEMA item{};
+        item.mask = CBEIF_TEXT;
+        item.iItem = -1;
+        item.pszText = const_cast<char*>(text);
+        SendDlgItemMessageA(page, IDC_EXTENDED, CBEM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
+        SendDlgItemMessageA(page, IDC_COMBO, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+    }
+    SendDlgItemMessageA(page, IDC_EXTENDED, CB_SETCURSEL, 0, 0);
+}
+
+void Ask(HWND page) {
+    g_seen.answers.push_back(MessageBoxA(page, "続けますか?\n二行目", "質問", MB_YESNO));
+}
+
+void OnCommand(HWND page, int id, int code) {
+    if (id == IDC_EXTENDED)
+        g_seen.comboCodes.push_back(code);
+    if (id == IDC_COMBO && code == CBN_SELCHANGE)
+        SendMessageA(GetParent(page), PSM_CHANGED, reinterpret_cast<WPARAM>(page), 0);
+    if (id == IDC_EDIT && code == EN_CHANGE)
+        ++g_seen.edits;
+    if (id == IDC_ASK && code == BN_CLICKED)
+        Ask(page);
+    if (id == IDC_LATER && code == BN_CLICKED)
+        PostMessageA(page, WM_COMMAND, MAKEWPARAM(IDC_ASK, BN_CLICKED), 0);
+    if (id == IDC_HANG && code == BN_CLICKED)
+        Sleep(1500);
+}
+
+LRESULT OnNotify(HWND page, const NMHDR& header) {
+    if (header.code != static_cast<UINT>(PSN_APPLY))
+        return 0;
+    if (IsDlgButtonChecked(page, IDC_REFUSE))
+        return PSNRET_INVALID_NOCHANGEPAGE;
+    ++g_seen.applied;
+    return PSNRET_NOERROR;
+}
+
+INT_PTR CALLBACK PageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_INITDIALOG:
+        if (GetDlgItem(page, IDC_EXTENDED))
+            FillCombos(page);
+        return TRUE;
+    case WM_COMMAND: OnCommand(page, LOWORD(wParam), HIWORD(wParam)); return TRUE;
+    case WM_NOTIFY:
+        SetWindowLongPtrA(page, DWLP_MSGRESULT, OnNotify(page, *reinterpret_cast<const NMHDR*>(lParam)));
+        return TRUE;
+    default: return FALSE;
+    }
+}
+
+void OpenSheet() {
+    ++g_seen.opened;
+    std::array<PROPSHEETPAGEA, 2> pages{};
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        pages[i].dwSize = sizeof pages[i];
+        pages[i].hInstance = GetModuleHandleA(nullptr);
+        pages[i].pszTemplate = MAKEINTRESOURCEA(i == 0 ? IDD_FIRST : IDD_SECOND);
+        pages[i].pfnDlgProc = PageProc;
+    }
+    PROPSHEETHEADERA header{};
+    header.dwSize = sizeof header;
+    header.dwFlags = PSH_PROPSHEETPAGE;
+    header.hInstance = GetModuleHandleA(nullptr);
+    header.pszCaption = "Test";
+    header.nPages = static_cast<UINT>(pages.size());
+    header.ppsp = pages.data();
+    PropertySheetA(&header);
+}
+
+class DriverhostPlayer : public testing::Test {
+  protected:
+    void SetUp() override { g_seen = {}; }
+
+    // Plays the script; returns the failure.
+    std::string Play(const std::string& text) {
+        const script::Script script = script::Parse(text);
+        if (script.error)
+            return script::Describe("s.txt", *script.error);
+        driverhost::Show show;
+        show.open = m_open;
+        show.actions = &script.actions;
+        show.file = "s.txt";
+        show.sheetLimit = m_sheetLimit;
+        show.actionLimit = m_actionLimit;
+        show.print = [this](std::string_view line) { m_printed += line; };
+        return driverhost::RunSheet(show);
+    }
+
+    std::string Play(const char8_t* text) { return Play(Utf8(text)); }
+
+    std::function<void()> m_open = OpenSheet;
+    std::chrono::milliseconds m_sheetLimit = std::chrono::seconds(30);
+    std::chrono::milliseconds m_actionLimit = std::chrono::seconds(10);
+    std::string m_printed;
+};
+
+TEST_F(DriverhostPlayer, CancelsASheetThatIsOpenWhenTheScriptEnds) {
+    EXPECT_EQ(Play(""), "");
+    EXPECT_EQ(g_seen.opened, 1);
+    EXPECT_EQ(g_seen.applied, 0);
+}
+
+TEST_F(DriverhostPlayer, PressesOkAndCancel) {
+    EXPECT_EQ(Play("press ok"), "");
+    EXPECT_EQ(g_seen.applied, 1);
+    EXPECT_EQ(Play("press cancel"), "");
+    EXPECT_EQ(g_seen.applied, 1);
+}
+
+TEST_F(DriverhostPlayer, ChoosesARowOfAnExtendedComboWithTheNotificationsOfAMousePick) {
+    EXPECT_EQ(Play("choose 1001 2\nexpect row 1001 2"), "");
+    // Around the choice, the focus comes with the sheet and goes with it.
+    EXPECT_EQ(g_seen.comboCodes, (std::vector<int>{CBN_SETFOCUS, CBN_DROPDOWN, CBN_SELENDOK, CBN_CLOSEUP,
+                                                   CBN_SELCHANGE, CBN_SELENDCANCEL, CBN_KILLFOCUS}));
+}
+
+TEST_F(DriverhostPlayer, ChoosesByTextInBothKindsOfCombo) {
+    EXPECT_EQ(Play(u8"choose 1001 \"はがき\"\nexpect row 1001 2\nexpect text 1001 \"はがき\"\n"
+                   u8"choose 1002 \"B5\"\nexpect text 1002 B5\nexpect row 1002 1"),
+              "");
+}
+
+TEST_F(DriverhostPlayer, TellsTheRowsWhenATextIsNotThere) {
+    EXPECT_EQ(Play("choose 1001 \"A3\""),
+              Utf8(u8"s.txt:1: control 1001: no row is \"A3\"; there are: \"A4\", \"B5\", \"はがき\""));
+}
+
+TEST_F(DriverhostPlayer, RefusesARowThatIsNotThere) {
+    EXPECT_EQ(Play("\nchoose 1001 3"), "s.txt:2: control 1001: the combo box has 3 rows, counted from 0");
+}
+
+TEST_F(DriverhostPlayer, ReadsNoSelectionAsRowMinusOne) {
+    EXPECT_EQ(Play("expect row 1002 -1"), "");
+}
+
+TEST_F(DriverhostPlayer, TellsTheRowThatItFound) {
+    EXPECT_EQ(Play("expect row 1001 1"), "s.txt:1: the row of control 1001 is 0, expected 1");
+}
+
+TEST_F(DriverhostPlayer, EnablesApplyByAChange) {
+    EXPECT_EQ(
+        Play(
+            "expect disabled apply\nchoose 1002 1\nexpect enabled apply\npress apply\nexpect disabled apply"),
+        "");
+    EXPECT_EQ(g_seen.applied, 1);
+}
+
+TEST_F(DriverhostPlayer, DoesNotPressADisabledButton) {
+    EXPECT_EQ(Play("press apply"), "s.txt:1: control 12321: the control is disabled");
+    EXPECT_EQ(Play("click 1009"), "s.txt:1: control 1009: the control is disabled");
+}
+
+TEST_F(DriverhostPlayer, DoesNotClickWhatIsHidden) {
+    EXPECT_EQ(Play("expect hidden 1010\nexpect visible 1008\nclick 1010"),
+              "s.txt:3: control 1010: the control is hidden");
+}
+
+TEST_F(DriverhostPlayer, TellsAControlThatIsNotThere) {
+    EXPECT_EQ(Play("click 4999"), "s.txt:1: there is no control 4999");
+}
+
+TEST_F(DriverhostPlayer, ChecksBoxesAndRadioButtons) {
+    EXPECT_EQ(Play("expect checked 1005 off\ncheck 1005 on\nexpect checked 1005 on\ncheck 1005 on\n"
+                   "expect checked 1005 on\ncheck 1005 off\nexpect checked 1005 off\n"
+                   "check 1006 on\ncheck 1007 on\nexpect checked 1006 off\nexpect checked 1007 on"),
+              "");
+}
+
+TEST_F(DriverhostPlayer, TellsABoxThatAClickDoesNotCheck) {
+    EXPECT_EQ(Play("check 1011 on"), "s.txt:1: control 1011: a click does not check it");
+    EXPECT_EQ(Play("check 1007 on\ncheck 1007 off"), "s.txt:2: control 1007: a click does not uncheck it");
+}
+
+TEST_F(DriverhostPlayer, TypesKeyByKey) {
+    EXPECT_EQ(Play(u8"type 1003 \"用紙ab\"\nexpect text 1003 用紙ab"), "");
+    EXPECT_EQ(g_seen.edits, 4);
+    EXPECT_EQ(Play("type 1003 ab\ntype 1003 \"\"\nexpect text 1003 \"\""), "");
+}
+
+TEST_F(DriverhostPlayer, TypesNoLettersIntoANumberField) {
+    EXPECT_EQ(Play("type 1014 1x2\nexpect text 1014 12"), "");
+}
+
+TEST_F(DriverhostPlayer, GoesToAPageByItsTitle) {
+    EXPECT_EQ(Play(u8"expect page 基本\npage 詳細設定\nexpect page 詳細設定\ntype 2001 x\npage 基本\nexpect "
+                   u8"page 基本"),
+              "");
+    EXPECT_EQ(Play(u8"page 詳細設定\nexpect page 基本"),
+              Utf8(u8"s.txt:2: the page is \"詳細設定\", expected \"基本\""));
+    EXPECT_EQ(Play(u8"page 無"),
+              Utf8(u8"s.txt:1: no page is called \"無\"; there are: \"基本\", \"詳細設定\""));
+}
+
+TEST_F(DriverhostPlayer, AnswersAMessageBoxThatAClickOpens) {
+    EXPECT_EQ(Play(u8"click 1008\nexpect message \"続けますか?\\n二行目\"\nanswer yes\nclick 1008\nanswer "
+                   u8"no\npress ok"),
+              "");
+    EXPECT_EQ(g_seen.answers, (std::vector<int>{IDYES, IDNO}));
+}
+
+TEST_F(DriverhostPlayer, SeesAMessageBoxThatAPostedMessageOpens) {
+    EXPECT_EQ(Play(u8"click 1012\nexpect message \"続けますか?\\n二行目\"\nanswer no"), "");
+    EXPECT_EQ(g_seen.answers, (std::vector<int>{IDNO}));
+}
+
+TEST_F(DriverhostPlayer, DoesNotWorkBehindAMessageBox) {
+    EXPECT_EQ(Play("click 1008\nclick 1005"),
+              Utf8(u8"s.txt:2: a message box is up: \"続けますか?\\n二行目\""));
+    EXPECT_EQ(Play("click 1008\npress ok"), Utf8(u8"s.txt:2: a message box is up: \"続けますか?\\n二行目\""));
+}
+
+TEST_F(DriverhostPlayer, TellsAMissingOrOtherMessage) {
+    EXPECT_EQ(Play("expect message x"), "s.txt:1: no message box is up, expected \"x\"");
+    EXPECT_EQ(Play("click 1008\nexpect message x"),
+              Utf8(u8"s.txt:2: the message is \"続けますか?\\n二行目\", expected \"x\""));
+    EXPECT_EQ(Play("answer ok"), "s.txt:1: no message box is up");
+    EXPECT_EQ(Play("click 1008\nanswer ok"), "s.txt:2: the message box has no such button");
+}
+
+TEST_F(DriverhostPlayer, ReopensTheSheet) {
+    EXPECT_EQ(Play("choose 1001 1\nreopen\nexpect row 1001 0\npress cancel\nreopen\npress ok"), "");
+    EXPECT_EQ(g_seen.opened, 3);
+    EXPECT_EQ(g_seen.applied, 2);
+}
+
+TEST_F(DriverhostPlayer, TellsAClosedSheet) {
+    EXPECT_EQ(Play("press ok\nclick 1005"), "s.txt:2: the sheet is closed");
+}
+
+TEST_F(DriverhostPlayer, TellsASheetThatDoesNotClose) {
+    EXPECT_EQ(Play("check 1015 on\npress ok"), "s.txt:2: the sheet stays open");
+}
+
+TEST_F(DriverhostPlayer, TellsASheetThatDoesNotOpen) {
+    m_open = [] {};
+    EXPECT_EQ(Play("click 1"), "s.txt: the sheet did not open");
+}
+
+TEST_F(DriverhostPlayer, CancelsASheetThatIsOpenForTooLong) {
+    m_sheetLimit = std::chrono::seconds(1);
+    EXPECT_EQ(Play("wait 60000"), "s.txt:1: the sheet is open for longer than 1 second");
+}
+
+TEST_F(DriverhostPlayer, CancelsAPersonsSheetThatIsOpenForTooLong) {
+    driverhost::Show show;
+    show.open = OpenSheet;
+    show.sheetLimit = std::chrono::seconds(1);
+    EXPECT_EQ(driverhost::RunSheet(show), "the sheet is open for longer than 1 second");
+}
+
+TEST_F(DriverhostPlayer, TellsASheetThatDoesNotAnswer) {
+    m_actionLimit = std::chrono::seconds(1);
+    EXPECT_EQ(Play("click 1013"), "s.txt:1: the sheet does not answer within 1 second");
+}
+
+TEST_F(DriverhostPlayer, PrintsTexts) {
+    EXPECT_EQ(Play(u8"print \"用紙 1\"\nprint two"), "");
+    EXPECT_EQ(m_printed, Utf8(u8"用紙 1\ntwo\n"));
+}
+
+TEST_F(DriverhostPlayer, TellsThatTheStoreIsNotLoaded) {
+    EXPECT_EQ(Play("bank Current 305"), "s.txt:1: DataManager.dll is not loaded");
+    EXPECT_EQ(Play("value JobName"), "s.txt:1: DataManager.dll is not loaded");
+    EXPECT_EQ(Play("value Nothing"), "s.txt:1: the store has no value called Nothing");
+}
+
+TEST_F(DriverhostPlayer, WritesAPictureOfTheSheet) {
+    std::array<char, MAX_PATH> folder{};
+    GetTempPathA(static_cast<DWORD>(folder.size()), folder.data());
+    const std::string file = std::string(folder.data()) + "driverhost_player_test.png";
+    EXPECT_EQ(Play("screenshot " + file), "");
+    std::FILE* picture = std::fopen(file.c_str(), "rb");
+    ASSERT_NE(picture, nullptr);
+    std::array<unsigned char, 4> head{};
+    EXPECT_EQ(std::fread(head.data(), 1, head.size(), picture), 4u);
+    EXPECT_EQ(head, (std::array<unsigned char, 4>{0x89, 'P', 'N', 'G'}));
+    std::fseek(picture, 0, SEEK_END);
+    EXPECT_GT(std::ftell(picture), 1000);
+    std::fclose(picture);
+}
+
+TEST_F(DriverhostPlayer, TellsAPictureThatCantBeWritten) {
+    EXPECT_EQ(Play(R"(screenshot C:\no\such\folder\x.png)"), "s.txt:1: the picture can't be written");
+}
+
+} // namespace

@@ -1,0 +1,7 @@
+zr_test(script_test SOURCES script_test.cpp LIBS zr_script)
+zr_test(driverhost_options_test SOURCES driverhost_options_test.cpp LIBS zr_driverhost)
+zr_test(driverhost_dump_test SOURCES driverhost_dump_test.cpp LIBS zr_driverhost)
+if(WIN32)
+    zr_test(driverhost_player_test SOURCES driverhost_player_test.cpp driverhost_sheet.rc LIBS zr_driverhost)
+    target_include_directories(driverhost_player_test PRIVATE ${PROJECT_SOURCE_DIR})
+endif()

@@ -1,0 +1,24 @@
+// Running driverhost.exe, which stands beside the test, and reading what it says.
+#pragma once
+
+#include <string>
+#include <vector>
+
+struct ProgramResult {
+    unsigned long status = 0;
+    std::string output; // both of its outputs
+};
+
+// The folder of the running test, without a closing backslash.
+std::wstring TestFolder();
+
+ProgramResult RunDriverhost(const std::vector<std::wstring>& words);
+
+// A file of tests/sheet/scripts.
+std::wstring ScriptFile(const std::wstring& name);
+
+// The file of the user's settings for "Orvane X100".
+std::wstring SettingsPath();
+
+void WriteBytes(const std::wstring& file, const std::vector<char>& bytes);
+std::vector<char> ReadBytes(const std::wstring& file);
