@@ -12,11 +12,14 @@ if [ -n "${DISPLAY:-}" ]; then
     exec tools/with-wine.sh tools/wine-run.sh "$host" "$@"
 fi
 
+rm -rf build/screenshots
 mkdir -p build/screenshots
+export ZR_ROOT=$PWD
 tools/with-display.sh tools/with-wine.sh sh -ec '
-    cd build/screenshots
-    run() { ../../tools/wine-run.sh "../windows/bin/driverhost.exe" "$@"; }
-    run --script ../../tests/sheet/first_run.script
-    run --script ../../tests/sheet/second_run.script'
+    cd "$ZR_ROOT/build/screenshots"
+    for script in pages choose_quality quality_is_kept; do
+        "$ZR_ROOT/tools/wine-run.sh" "$ZR_ROOT/build/windows/bin/driverhost.exe" \
+            --script "Z:$ZR_ROOT/tests/sheet/scripts/$script.txt"
+    done'
 echo "Screenshots are in build/screenshots:"
-ls build/screenshots/*.png
+ls build/screenshots

@@ -7,7 +7,7 @@ if(WIN32)
         screenshot.cpp)
     target_link_libraries(zr_driverhost PUBLIC gdiplus comctl32 gdi32 user32 shell32 ole32)
 
-    zr_program(driverhost driverhost.cpp driverhost_driver.cpp driverhost_sheets.cpp)
+    zr_program(driverhost driverhost.cpp driverhost_driver.cpp driverhost_sheets.cpp driverhost.rc)
     target_link_libraries(driverhost PRIVATE zr_driverhost zr_host_install compstui winspool)
     # What it installs stands beside it.
     add_dependencies(driverhost x100drvui ZRPDS31J DataManager x100_driver_files)
