@@ -10,6 +10,8 @@ cmake --build --preset windows --target product
 host=build/windows/bin/driverhost.exe
 if [ -n "${DISPLAY:-}" ]; then
     exec tools/with-wine.sh tools/wine-run.sh "$host" "$@"
+elif [ "$#" -gt 0 ]; then
+    exec tools/with-display.sh tools/with-wine.sh tools/wine-run.sh "$host" "$@"
 fi
 
 rm -rf build/screenshots

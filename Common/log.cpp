@@ -1,5 +1,7 @@
 #include "Common/log.h"
 
+#include "Common/text.h"
+
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
@@ -11,12 +13,14 @@ constexpr std::size_t kMaxMessage = 2048;
 void Write(log_backend::Target target, const char* format, va_list arguments) {
     if (!log_backend::IsOpenable(target))
         return;
-    char message[kMaxMessage + 1];
+    // One byte more than is written tells whether the message has to be cut.
+    char message[kMaxMessage + 2];
     const int length = std::vsnprintf(message, sizeof message, format, arguments);
     if (length < 0)
         return;
-    log_backend::Append(target,
-                        {message, std::min<std::size_t>(static_cast<std::size_t>(length), kMaxMessage)});
+    const std::string_view whole(message,
+                                 std::min<std::size_t>(static_cast<std::size_t>(length), kMaxMessage + 1));
+    log_backend::Append(target, whole.substr(0, CutLength(whole, kMaxMessage)));
 }
 
 } // namespace

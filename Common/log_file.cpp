@@ -3,13 +3,14 @@
 #include <windows.h>
 
 #include <array>
+#include <cerrno>
 #include <cstdio>
 
 namespace log_backend {
 namespace {
 
 // A missing log directory is the normal case, and asking for it costs more than all else in a log call. After
-// a file could not be opened it is left alone for this long, in milliseconds.
+// a directory was not there it is not asked for again for this long, in milliseconds.
 constexpr ULONGLONG kRetryAfter = 1000;
 
 struct LogFile {
@@ -34,7 +35,8 @@ void Append(Target target, std::string_view message) {
     LogFile& log = FileOf(target);
     std::FILE* file = std::fopen(log.path, "a+");
     if (!file) {
-        log.silentUntil = GetTickCount64() + kRetryAfter;
+        if (errno == ENOENT)
+            log.silentUntil = GetTickCount64() + kRetryAfter;
         return;
     }
     const int length = static_cast<int>(message.size());

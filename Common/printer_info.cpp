@@ -13,8 +13,10 @@ PrinterInfo::Result PrinterInfo::Fetch(HANDLE printer, DWORD level) {
         return Result::Failed;
     }
     m_buffer.reset(new (std::nothrow) std::byte[size]());
-    if (!m_buffer)
+    if (!m_buffer) {
+        ZR_LOG("level=%lu no memory for %lu bytes\n", level, size);
         return Result::NoMemory;
+    }
     DWORD needed = 0;
     if (!GetPrinterA(printer, level, reinterpret_cast<BYTE*>(m_buffer.get()), size, &needed)) {
         ZR_LOG("level=%lu error=%lu\n", level, GetLastError());

@@ -209,11 +209,12 @@ int main() {
         std::printf("%ls\n", installed.message.c_str());
         return 1;
     }
-    // The driver's module is the one that calls a plug-in, so it is loaded whenever a sheet opens.
+    // Where a sheet opens, the driver's module and the plug-in are loaded, both from the driver's folder.
     LoadLibraryW((installed.driverDirectory + L"\\x100drvui.dll").c_str());
+    plugInModule = LoadLibraryExW((installed.driverDirectory + L"\\ZRPDS31J.dll").c_str(), nullptr,
+                                  LOAD_WITH_ALTERED_SEARCH_PATH);
     wchar_t name[] = L"Orvane X100";
     HANDLE printer = nullptr;
-    plugInModule = LoadLibraryA("ZRPDS31J.dll");
     openSheet = reinterpret_cast<OpenSheetFunction>(
         reinterpret_cast<void*>(GetProcAddress(LoadLibraryA("compstui.dll"), "CommonPropertySheetUIW")));
     if (!plugInModule || !openSheet || !OpenPrinterW(name, &printer, nullptr)) {

@@ -31,9 +31,8 @@ ULONG STDMETHODCALLTYPE IOemCF::Release() {
 HRESULT STDMETHODCALLTYPE IOemCF::CreateInstance(IUnknown* outer, REFIID iid, void** out) {
     return ComGuard(__func__, [&]() -> HRESULT {
         ZR_LOG_ENTRY();
-        if (!out)
-            return E_POINTER;
-        *out = nullptr;
+        if (out)
+            *out = nullptr;
         if (outer)
             return CLASS_E_NOAGGREGATION;
         auto* plugIn = new (std::nothrow) IOemUI;

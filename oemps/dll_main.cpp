@@ -16,9 +16,8 @@ BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
 HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID clsid, REFIID iid, LPVOID* out) {
     return ComGuard(__func__, [&]() -> HRESULT {
         ZR_LOG_ENTRY();
-        if (!out)
-            return E_POINTER;
-        *out = nullptr;
+        if (out)
+            *out = nullptr;
         if (!IsEqualCLSID(clsid, CLSID_OEMUI))
             return CLASS_E_CLASSNOTAVAILABLE;
         auto* factory = new (std::nothrow) IOemCF;

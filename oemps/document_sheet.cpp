@@ -16,7 +16,9 @@
 #include "session/session.h"
 
 #include <cstddef>
+#include <memory>
 #include <span>
+#include <utility>
 
 namespace {
 
@@ -39,11 +41,16 @@ bool RequireDotNet() {
     return false;
 }
 
-SessionBlock* CreateSession(const OEMCUIPPARAM& param) {
+struct FreeSession {
+    void operator()(SessionBlock* block) const { HeapFree(block->hOEMHeap, 0, block); }
+};
+using UniqueSession = std::unique_ptr<SessionBlock, FreeSession>;
+
+UniqueSession CreateSession(const OEMCUIPPARAM& param) {
     auto* block =
         static_cast<SessionBlock*>(HeapAlloc(param.hOEMHeap, HEAP_ZERO_MEMORY, sizeof(SessionBlock)));
     if (!block)
-        return nullptr;
+        return {};
     block->hOEMHeap = param.hOEMHeap;
     block->pOEMDM = static_cast<PrivateDevMode*>(param.pOEMDM);
     block->hPrinter = param.hPrinter;
@@ -53,7 +60,7 @@ SessionBlock* CreateSession(const OEMCUIPPARAM& param) {
         block->drvExtraSize =
             param.pPublicDM->dmSize == kPublicDevModeSize ? param.pPublicDM->dmDriverExtra : 0;
     }
-    return block;
+    return UniqueSession(block);
 }
 
 void HideAdvancedFeatures(std::span<OPTITEM> items) {
@@ -98,6 +105,7 @@ void AddPages(PROPSHEETUI_INFO& info, IPrintOemDriverUI* helper) {
 
 HRESULT OpenSheet(PROPSHEETUI_INFO& info, IPrintOemDriverUI* helper) {
     info.Result = 0;
+    // The box comes once more than for CommonUIProp: this sheet is the one that the user has asked for.
     if (!RequireDotNet())
         return E_FAIL;
     if (g_SheetCount >= 1) {
@@ -115,12 +123,20 @@ HRESULT OpenSheet(PROPSHEETUI_INFO& info, IPrintOemDriverUI* helper) {
 
 // The end of any sheet on the session's thread ends the session, also that of a refused second sheet.
 void CloseSheet() {
-    --g_SheetCount;
+    // A sheet whose start failed was never counted.
+    if (g_SheetCount > 0)
+        --g_SheetCount;
     if (GetCurrentThreadId() != g_SheetThread || !g_SessionBlock)
         return;
     EndSettingManager();
     CSessionAccessor::Release();
-    HeapFree(g_SessionBlock->hOEMHeap, 0, g_SessionBlock);
+    UniqueSession(std::exchange(g_SessionBlock, nullptr)).reset();
+}
+
+// A session whose sheet never opened, or ended on another thread, lies in a heap that the driver may have
+// destroyed. With no sheet open it is only forgotten.
+void ForgetSession() {
+    CSessionAccessor::Release();
     g_SessionBlock = nullptr;
 }
 
@@ -130,6 +146,7 @@ HRESULT hrDocumentPropertyPage(OEMCUIPPARAM* param) {
     ZR_LOG_ENTRY();
     if (g_SheetCount > 0)
         return S_OK;
+    ForgetSession();
     if (!param->pOEMOptItems) {
         param->cOEMOptItems = 0;
         return S_OK;
@@ -138,15 +155,19 @@ HRESULT hrDocumentPropertyPage(OEMCUIPPARAM* param) {
         param->cOEMOptItems = 0;
         return S_OK;
     }
-    g_SessionBlock = CreateSession(*param);
-    if (!g_SessionBlock || !g_SessionBlock->pOEMDM) {
+    if (!param->pOEMDM) {
+        ZR_LOG("no record\n");
+        return S_OK;
+    }
+    UniqueSession session = CreateSession(*param);
+    if (!session) {
         ZR_LOG("no session block\n");
-        g_SessionBlock = nullptr;
         return S_OK;
     }
     InitializeDataManager();
-    CSession::HidePrinterSetting(param, g_SessionBlock);
-    CSessionAccessor::Instance()->SetSession(g_SessionBlock);
+    CSession::HidePrinterSetting(param, session.get());
+    CSessionAccessor::Instance()->SetSession(session.get());
+    g_SessionBlock = session.release();
 
     const std::span items(param->pDrvOptItems, param->pDrvOptItems ? param->cDrvOptItems : 0);
     HideAdvancedFeatures(items);

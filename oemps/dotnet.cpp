@@ -6,17 +6,57 @@
 #include <windows.h>
 
 #include <array>
-#include <cstdlib>
+#include <string>
+#include <vector>
 
 namespace {
 
 constexpr char kVersionsKey[] = "Software\\Microsoft\\NET Framework Setup\\NDP";
-constexpr long kFirstMajorVersion = 4;
+constexpr int kNeededVersion = 4;
 
-// A version's subkey is named by "v" and its number, as in "v2.0.50727" and "v4".
-bool IsRecent(const char* subkey) {
-    return (subkey[0] == 'v' || subkey[0] == 'V') &&
-           std::strtol(subkey + 1, nullptr, 10) >= kFirstMajorVersion;
+// What the editions' keys say; the one that is read last counts.
+struct Edition {
+    int version = 0; // the first digit of its version
+    DWORD install = 0;
+};
+
+constexpr int DigitOf(char c) {
+    return c >= '0' && c <= '9' ? c - '0' : 0;
+}
+
+// A version's key is named by "v" and its number, as in "v2.0.50727" and "v4".
+bool IsRecent(const std::string& version) {
+    return version.size() >= 2 && version[0] == 'v' && DigitOf(version[1]) >= kNeededVersion;
+}
+
+std::vector<std::string> SubkeysOf(HKEY key) {
+    std::vector<std::string> names;
+    for (DWORD index = 0;; ++index) {
+        std::array<char, 1024> name;
+        DWORD length = static_cast<DWORD>(name.size());
+        const LSTATUS status =
+            RegEnumKeyExA(key, index, name.data(), &length, nullptr, nullptr, nullptr, nullptr);
+        if (status == ERROR_SUCCESS)
+            names.emplace_back(name.data(), length);
+        else if (status != ERROR_MORE_DATA)
+            return names;
+    }
+}
+
+void ReadEdition(HKEY versions, const std::string& path, Edition& last) {
+    UniqueRegistryKey key;
+    if (RegOpenKeyExA(versions, path.c_str(), 0, KEY_READ, key.Receive()) != ERROR_SUCCESS)
+        return;
+    std::array<char, 256> version{};
+    DWORD size = static_cast<DWORD>(version.size());
+    if (RegQueryValueExA(key.Get(), "Version", nullptr, nullptr, reinterpret_cast<LPBYTE>(version.data()),
+                         &size) == ERROR_SUCCESS)
+        last.version = DigitOf(version[0]);
+    DWORD install = 0;
+    size = sizeof install;
+    if (RegQueryValueExA(key.Get(), "Install", nullptr, nullptr, reinterpret_cast<LPBYTE>(&install), &size) ==
+        ERROR_SUCCESS)
+        last.install = install;
 }
 
 } // namespace
@@ -26,13 +66,12 @@ bool IsDotNet4Present() {
     UniqueRegistryKey versions;
     if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, kVersionsKey, 0, KEY_READ, versions.Receive()) != ERROR_SUCCESS)
         return false;
-    for (DWORD index = 0;; ++index) {
-        std::array<char, 256> name;
-        DWORD length = static_cast<DWORD>(name.size());
-        if (RegEnumKeyExA(versions.Get(), index, name.data(), &length, nullptr, nullptr, nullptr, nullptr) !=
-            ERROR_SUCCESS)
-            return false;
-        if (IsRecent(name.data()))
-            return true;
+    Edition last;
+    for (const std::string& version : SubkeysOf(versions.Get())) {
+        if (!IsRecent(version))
+            continue;
+        ReadEdition(versions.Get(), version + "\\Client", last);
+        ReadEdition(versions.Get(), version + "\\Full", last);
     }
+    return last.install == 1 && last.version >= kNeededVersion;
 }

@@ -26,8 +26,10 @@ HRESULT MergeRecord(PrivateDevMode& target, const void* source, HANDLE printer) 
     PrinterInfo info;
     info.Fetch(printer, 2);
     const auto* printerInfo = info.As<PRINTER_INFO_2A>();
-    if (!printerInfo)
+    if (!printerInfo) {
+        ZR_LOG("no printer information\n");
         return E_FAIL;
+    }
     OverlayAuthentication(target, *printerInfo, printer);
     return S_OK;
 }

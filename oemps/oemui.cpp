@@ -96,9 +96,10 @@ HRESULT STDMETHODCALLTYPE IOemUI::DocumentPropertySheets(PPROPSHEETUI_INFO info,
     return ComGuard(__func__, [&] {
         ZR_LOG_ENTRY();
         if (info && info->Reason == PROPSHEETUI_REASON_INIT) {
-            if (const auto* sheet = reinterpret_cast<const OEMUIPSPARAM*>(info->lParamInit))
-                ZR_LOG("PrinterPortAddressUpdate=%s\n",
-                       PrinterPortAddressUpdate(sheet->hPrinter) ? "TRUE" : "FALSE");
+            if (const auto* sheet = reinterpret_cast<const OEMUIPSPARAM*>(info->lParamInit)) {
+                const bool updated = PrinterPortAddressUpdate(sheet->hPrinter) != 0;
+                ZR_LOG("PrinterPortAddressUpdate=%s\n", updated ? "TRUE" : "FALSE");
+            }
         }
         return hrOEMDocumentPropertySheets(info, param, m_pOEMHelp);
     });

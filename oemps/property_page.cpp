@@ -10,6 +10,7 @@
 #include "oemps/sheet_state.h"
 
 #include <array>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -69,11 +70,11 @@ void GetGuidPrinter(const char* key, std::span<char, 256> out) {
         return;
     }
     std::array<char, 256> value{};
-    DWORD type = 0;
+
     DWORD size = static_cast<DWORD>(value.size());
-    const LSTATUS read = RegQueryValueExA(handle.Get(), "GuidPrinter", nullptr, &type,
+    const LSTATUS read = RegQueryValueExA(handle.Get(), "GuidPrinter", nullptr, nullptr,
                                           reinterpret_cast<LPBYTE>(value.data()), &size);
-    if (read != ERROR_SUCCESS || type != REG_SZ || size == 0)
+    if (read != ERROR_SUCCESS || size == 0)
         return;
     CopyText(out, FieldText({value.data(), size}));
 }
@@ -87,8 +88,10 @@ HRESULT hrOEMPropertyPage(DWORD mode, OEMCUIPPARAM* param) {
     PrinterInfo info;
     info.Fetch(param->hPrinter, 2);
     const auto* printer = info.As<PRINTER_INFO_2A>();
-    if (!printer)
+    if (!printer) {
+        ZR_LOG("no printer information\n");
         return E_FAIL;
+    }
     FindUserInfoKey(printer->pPrinterName ? printer->pPrinterName : "");
 
     switch (mode) {

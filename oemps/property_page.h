@@ -10,6 +10,6 @@
 // E_FAIL.
 HRESULT hrOEMPropertyPage(DWORD mode, OEMCUIPPARAM* param);
 
-// Reads the value "GuidPrinter" of a key below HKEY_CURRENT_USER, which is made if it is not there. Without a
-// text value that fits `out` whole, `out` is "".
+// Reads the value "GuidPrinter" of a key below HKEY_CURRENT_USER, which is made if it is not there, as text
+// whatever its type. Without a value of 1 to 256 bytes `out` is "".
 void GetGuidPrinter(const char* key, std::span<char, 256> out);

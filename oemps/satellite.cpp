@@ -46,6 +46,7 @@ HMODULE LoadSatellite() {
 } // namespace
 
 void AcquireSatellite() {
+    ZR_LOG_ENTRY();
     if (liveObjects < 1)
         satellite = LoadSatellite();
     ++liveObjects;
@@ -53,6 +54,7 @@ void AcquireSatellite() {
 }
 
 void ReleaseSatellite() {
+    ZR_LOG_ENTRY();
     if (--liveObjects > 0 || !satellite)
         return;
     FreeLibrary(satellite);

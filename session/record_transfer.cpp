@@ -35,7 +35,13 @@ void FetchText(char (&field)[Width], Scratch scratch, void (*get)(char*)) {
 }
 
 #define ZR_SEND(name) [](const PrivateDevMode& record) { ExportedFunc_Set##name(record.name); }
-#define ZR_FETCH(name) [](PrivateDevMode& record, Scratch) { ExportedFunc_Get##name(&record.name); }
+// By way of a variable, since a record behind a public DEVMODE is aligned on four bytes only.
+#define ZR_FETCH(name)                                                                                       \
+    [](PrivateDevMode& record, Scratch) {                                                                    \
+        decltype(record.name) value{};                                                                       \
+        ExportedFunc_Get##name(&value);                                                                      \
+        record.name = value;                                                                                 \
+    }
 #define ZR_SEND_TEXT(name) [](const PrivateDevMode& record) { SendText(record.name, ExportedFunc_Set##name); }
 #define ZR_FETCH_TEXT(name)                                                                                  \
     [](PrivateDevMode& record, Scratch scratch) { FetchText(record.name, scratch, ExportedFunc_Get##name); }

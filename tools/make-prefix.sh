@@ -4,6 +4,10 @@ set -eu
 ZR_ROOT=$(cd "$(dirname "$0")/.." && pwd)
 . "$ZR_ROOT/tools/wine-env.sh"
 
+mkdir -p "$(dirname "$WINEPREFIX")"
+exec 9>"$WINEPREFIX.lock"
+flock 9
+
 stamp="$WINEPREFIX/.made-from"
 recipe=$(cat "$ZR_ROOT/tools/prefix.reg" "$ZR_ROOT/tools/make-prefix.sh" | sha256sum | cut -d' ' -f1)
 [ "$(cat "$stamp" 2>/dev/null || true)" != "$recipe" ] || exit 0
@@ -17,6 +21,7 @@ mkdir -p "$HOME"
 export ZR_ROOT
 # Some of the prefix's own first steps open windows.
 "$ZR_ROOT/tools/with-display.sh" sh -ec '
+    exec 9>&-
     /usr/lib/wine/wineserver64 -p </dev/null >/dev/null 2>&1
     /usr/lib/wine/wine64 wineboot -i </dev/null >/dev/null 2>&1
     /usr/lib/wine/wine64 regedit /S "Z:$ZR_ROOT/tools/prefix.reg" </dev/null >/dev/null 2>&1

@@ -5,8 +5,8 @@ set -euo pipefail
 ZR_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 packages=(
-    cmake ninja-build g++ g++-mingw-w64-x86-64-posix googletest libbenchmark-dev pkg-config python3
-    wine wine64 xvfb xauth x11-utils openbox xdotool imagemagick locales fonts-ipafont-gothic cups-client
+    git cmake ninja-build g++ g++-mingw-w64-x86-64-posix googletest libbenchmark-dev
+    wine wine64 xvfb openbox locales fonts-ipafont-gothic cups-client
 )
 
 as_root() {
@@ -24,7 +24,7 @@ if [ "${#missing[@]}" -gt 0 ]; then
         >/dev/null
 fi
 
-if ! locale -a 2>/dev/null | grep -qix 'ja_JP.utf8'; then
+if ! grep -qix 'ja_JP.utf8' <<<"$(locale -a 2>/dev/null)"; then
     echo "Generating the locale ja_JP.UTF-8"
     as_root sed -i 's/^# *ja_JP.UTF-8 UTF-8/ja_JP.UTF-8 UTF-8/' /etc/locale.gen
     as_root locale-gen >/dev/null

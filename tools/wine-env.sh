@@ -1,5 +1,6 @@
 # Sourced: the environment in which this project's Windows programs run. Needs ZR_ROOT, the project's folder.
-export WINEPREFIX="${WINEPREFIX:-$ZR_ROOT/build/wineprefix}"
+# A prefix of the user's own, as WINEPREFIX may name one, is left alone.
+export WINEPREFIX="${ZR_WINEPREFIX:-$ZR_ROOT/build/wineprefix}"
 export WINEARCH=win64
 export WINEDEBUG="${WINEDEBUG:--all}"
 export WINELOADER=/usr/lib/wine/wine64

@@ -2,25 +2,38 @@
 # Runs a command on a virtual display of its own, with a window manager, and ends both afterwards:
 #   tools/with-display.sh COMMAND [ARGUMENT...]
 set -u
+children=()
+end_children() {
+    [ "${#children[@]}" -eq 0 ] || kill "${children[@]}" 2>/dev/null
+    wait 2>/dev/null
+}
+trap end_children EXIT
+trap 'exit 143' TERM
+trap 'exit 130' INT
+
 number_file=$(mktemp)
-Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number_file" >/dev/null 2>&1 &
-xvfb=$!
+Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number_file" >/dev/null 2>&1 9>&- &
+children+=("$!")
 for _ in $(seq 100); do
     [ -s "$number_file" ] && break
-    kill -0 "$xvfb" 2>/dev/null || break
+    kill -0 "${children[0]}" 2>/dev/null || break
     sleep 0.1
 done
-DISPLAY=":$(cat "$number_file")"
+number=$(cat "$number_file")
 rm -f "$number_file"
-if [ "$DISPLAY" = ":" ]; then
+if [ -z "$number" ]; then
     echo "with-display.sh: Xvfb did not start" >&2
     exit 1
 fi
-export DISPLAY
-openbox >/dev/null 2>&1 &
-openbox=$!
-"$@"
+export DISPLAY=":$number"
+openbox >/dev/null 2>&1 9>&- &
+children+=("$!")
+
+# In the background, so that a signal is acted on while the command runs.
+"$@" <&0 &
+command=$!
+children+=("$command")
+wait "$command"
 status=$?
-kill "$openbox" "$xvfb" 2>/dev/null
-wait "$openbox" "$xvfb" 2>/dev/null
+unset 'children[2]'
 exit "$status"

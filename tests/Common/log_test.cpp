@@ -18,6 +18,12 @@ TEST(Log, CutsAMessageAt2048Bytes) {
     EXPECT_EQ(recorder.main.at(0), std::string(2048, 'a'));
 }
 
+TEST(Log, CutsAMessageBetweenTwoCharacters) {
+    log_backend::Recorder recorder;
+    WriteLog("%s", (std::string(2047, 'a') + "\x95\x5C").c_str());
+    EXPECT_EQ(recorder.main.at(0), std::string(2047, 'a'));
+}
+
 TEST(Log, OpensAFunctionWithFileLineAndName) {
     log_backend::Recorder recorder;
     const int line = __LINE__ + 1;

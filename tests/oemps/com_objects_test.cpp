@@ -196,6 +196,9 @@ TEST_F(PlugIn, ColorProfileAsksFor32AndCopiesTheNameAlone) {
               E_FAIL);
     EXPECT_EQ(size, 32u);
     EXPECT_EQ(GetLastError(), 122u);
+    EXPECT_EQ(plugIn->QueryColorProfile(nullptr, nullptr, nullptr, nullptr, 0, nullptr, &size, &flags),
+              E_FAIL);
+    EXPECT_EQ(size, 32u);
     EXPECT_EQ(plugIn->QueryColorProfile(nullptr, nullptr, nullptr, nullptr, 0, name.data(), &size, &flags),
               S_OK);
     EXPECT_STREQ(name.data(), L"OEMPROFILE.icm");
@@ -272,6 +275,25 @@ TEST_F(PlugIn, DevModeRefusesAMissingParameterAndOtherModes) {
         EXPECT_EQ(plugIn->DevMode(mode, nullptr), E_FAIL);
         EXPECT_EQ(GetLastError(), 87u);
     }
+    EXPECT_EQ(record, std::vector<unsigned char>(24112, 0xCC));
+}
+
+TEST_F(PlugIn, DevModeRefusesMissingRecordsAndABufferThatIsTooSmall) {
+    std::vector<unsigned char> record(24112, 0xCC);
+    const auto refuses = [&](DWORD mode, void* in, void* out, DWORD size) {
+        OEMDMPARAM param{};
+        param.pOEMDMIn = in;
+        param.pOEMDMOut = out;
+        param.cbBufSize = size;
+        SetLastError(0);
+        return plugIn->DevMode(mode, &param) == E_FAIL && GetLastError() == 87;
+    };
+    for (const DWORD mode : {2, 3, 4}) {
+        EXPECT_TRUE(refuses(mode, record.data(), nullptr, 24112));
+        EXPECT_TRUE(refuses(mode, record.data(), record.data(), 24111));
+    }
+    for (const DWORD mode : {3, 4})
+        EXPECT_TRUE(refuses(mode, nullptr, record.data(), 24112));
     EXPECT_EQ(record, std::vector<unsigned char>(24112, 0xCC));
 }
 

@@ -84,9 +84,6 @@ struct Driver {
         status = hrOEMDocumentPropertySheets(&info, reasonParam, nullptr);
         return static_cast<LONG_PTR>(info.Result);
     }
-    void SetResourceName(std::size_t item, ULONG_PTR number) {
-        items[item].pName = reinterpret_cast<LPTSTR>(number);
-    }
 
     HANDLE heap;
     PrivateDevMode record{};
@@ -222,6 +219,36 @@ TEST_F(DocumentSheet, EndOnAnotherThreadFreesNothing) {
     EXPECT_EQ(g_SheetCount, 0);
     EXPECT_EQ(g_SessionBlock, block);
     EXPECT_EQ(CSessionAccessor::Instance()->GetSession(), block);
+}
+
+TEST_F(DocumentSheet, ForgetsASessionWhoseSheetNeverOpened) {
+    ASSERT_EQ(hrDocumentPropertyPage(&driver.param), S_OK);
+    driver.param.pOEMOptItems = nullptr;
+    ASSERT_EQ(hrDocumentPropertyPage(&driver.param), S_OK);
+    EXPECT_EQ(g_SessionBlock, nullptr);
+    EXPECT_EQ(CSessionAccessor::Instance()->GetSession(), nullptr);
+    EXPECT_EQ(driver.Reason(PROPSHEETUI_REASON_INIT), 0);
+    EXPECT_TRUE(addedPages.empty());
+}
+
+TEST_F(DocumentSheet, EndAfterAFailedStartLeavesTheCountAt0) {
+    EXPECT_EQ(driver.Reason(PROPSHEETUI_REASON_INIT), 0);
+    driver.Reason(PROPSHEETUI_REASON_DESTROY);
+    EXPECT_EQ(g_SheetCount, 0);
+    Open();
+    EXPECT_EQ(g_SheetCount, 1);
+}
+
+TEST_F(DocumentSheet, EndOfARefusedSecondSheetOnAnotherThreadKeepsTheFirstSheetsSession) {
+    Open();
+    Driver second;
+    auto box = AnswerNextMessageBox();
+    second.Reason(PROPSHEETUI_REASON_INIT);
+    box.get();
+    SessionBlock* const block = g_SessionBlock;
+    std::thread([&] { second.Reason(PROPSHEETUI_REASON_DESTROY); }).join();
+    EXPECT_EQ(g_SheetCount, 1);
+    EXPECT_EQ(g_SessionBlock, block);
 }
 
 TEST_F(DocumentSheet, SecondSheetShowsTheMessageAndAddsNothing) {

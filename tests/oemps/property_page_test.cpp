@@ -2,12 +2,16 @@
 #include "oemps/property_page.h"
 
 #include "host/install_printer.h"
+#include "oemps/device_sheet.h"
+#include "oemps/devmode.h"
+#include "oemps/oem_devmode.h"
 #include "oemps/sheet_state.h"
 #include "tests/support/registry_override.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstring>
 #include <string>
 
 namespace {
@@ -67,10 +71,15 @@ TEST_F(GuidPrinter, IsReadWithAndWithoutItsNul) {
     EXPECT_EQ(Read(), "{5678}");
 }
 
-TEST_F(GuidPrinter, ThatIsEmptyOrNoTextOrTooLongIsEmpty) {
-    Write(REG_SZ, "");
-    EXPECT_EQ(Read(), "");
+TEST_F(GuidPrinter, OfAnyTypeIsTakenAsText) {
+    Write(REG_BINARY, "{9}");
+    EXPECT_EQ(Read(), "{9}");
     Write(REG_DWORD, "abcd");
+    EXPECT_EQ(Read(), "abcd");
+}
+
+TEST_F(GuidPrinter, ThatIsEmptyOrTooLongIsEmpty) {
+    Write(REG_SZ, "");
     EXPECT_EQ(Read(), "");
     Write(REG_SZ, std::string(300, 'g'));
     EXPECT_EQ(Read(), "");
@@ -95,6 +104,53 @@ TEST_F(PropertyPage, PreparesTheDeviceSheetAndKeepsItsPrinter) {
     EXPECT_EQ(hrOEMPropertyPage(OEMCUIP_PRNPROP, &param), S_OK);
     EXPECT_EQ(g_hPrinter, printer);
     EXPECT_EQ(param.cOEMOptItems, 1u);
+}
+
+// The plug-in's own item of the device sheet, chosen and applied.
+TEST_F(PropertyPage, StoresTheChoiceInThePrintersDataOnlyWhenTheSheetIsApplied) {
+    OPTITEM item{};
+    param.pOEMOptItems = &item;
+    param.cOEMOptItems = 1;
+    char name[] = "OEMUI_VALUE";
+    DeletePrinterDataA(printer, name);
+    const auto stored = [&]() -> DWORD {
+        DWORD type = 0;
+        DWORD value = 0xFFFFFFFF;
+        DWORD needed = 0;
+        const DWORD status =
+            GetPrinterDataA(printer, name, &type, reinterpret_cast<LPBYTE>(&value), sizeof value, &needed);
+        return status == ERROR_SUCCESS && type == REG_DWORD ? value : 0xFFFFFFFF;
+    };
+    item.Sel = 3;
+    for (WORD reason = 0; reason < 16; ++reason) {
+        CPSUICBPARAM callback{};
+        callback.Reason = reason;
+        EXPECT_EQ(OEMPrinterUICallBack(&callback, &param), 0);
+        EXPECT_EQ(stored(), reason < 6 ? 0xFFFFFFFFu : 3u) << reason;
+        if (reason == 6)
+            item.Sel = 9;
+    }
+}
+
+TEST_F(PropertyPage, DevModeMergesAStoredRecordAndReports0) {
+    PrivateDevMode target{};
+    PrivateDevMode source{};
+    OEMDMPARAM dm{};
+    dm.hPrinter = printer;
+    for (PrivateDevMode* record : {&target, &source}) {
+        dm.pOEMDMOut = record;
+        ASSERT_EQ(hrOEMDevMode(OEMDM_DEFAULT, &dm), S_OK);
+    }
+    std::strcpy(source.UserComment, "first\tsecond\n");
+    source.Modified = 7;
+    dm.pOEMDMOut = &target;
+    dm.pOEMDMIn = &source;
+    EXPECT_EQ(hrOEMDevMode(OEMDM_CONVERT, &dm), S_OK);
+    EXPECT_STREQ(target.UserComment, "first\tsecond\n");
+    EXPECT_EQ(target.Modified + 0, 7u);
+    EXPECT_EQ(hrOEMDevMode(OEMDM_MERGE, &dm), S_OK);
+    EXPECT_STREQ(target.UserComment, "firstsecond");
+    EXPECT_EQ(target.Modified + 0, 1u);
 }
 
 TEST_F(PropertyPage, RefusesAnotherMode) {

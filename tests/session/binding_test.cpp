@@ -1,6 +1,8 @@
 // How the driver's items are bound, and what the start of a sheet leaves in the store.
 #include "sheet_fixture.h"
 
+#include "tests/oemps/guarded_block.h"
+
 #include <cstring>
 
 namespace {
@@ -292,19 +294,14 @@ TEST_F(HidePrinterSetting, DoesNothingWithoutABlockOrARecord) {
 
 // A block without a NUL anywhere, its end against a page that cannot be touched.
 TEST_F(HidePrinterSetting, SurvivesAHostileRecordAgainstAGuardPage) {
-    constexpr std::size_t kRoom = 0x6000;
-    auto* pages =
-        static_cast<std::uint8_t*>(VirtualAlloc(nullptr, kRoom + 0x1000, MEM_RESERVE, PAGE_NOACCESS));
-    ASSERT_NE(pages, nullptr);
-    ASSERT_NE(VirtualAlloc(pages, kRoom, MEM_COMMIT, PAGE_READWRITE), nullptr);
-    auto* hostile = reinterpret_cast<PrivateDevMode*>(pages + kRoom - sizeof(PrivateDevMode));
+    const GuardedBlock pages(kDevModeSize);
+    auto* hostile = reinterpret_cast<PrivateDevMode*>(pages.Bytes().data());
     block.pOEMDM = hostile;
     for (const int byte : {0xFF, 0x81, 0x01, 0x41}) {
         std::memset(hostile, byte, sizeof *hostile);
         Bind();
         Session().ApplyAll();
     }
-    VirtualFree(pages, 0, MEM_RELEASE);
 }
 
 } // namespace

@@ -231,6 +231,16 @@ TEST_F(SavingTheStore, NeverReadsTheOneWayTextsBack) {
     EXPECT_STREQ(record->Profile, "f");
 }
 
+// As behind a public DEVMODE of 220 bytes.
+TEST_F(SavingTheStore, TakesARecordAlignedOnFourBytesOnly) {
+    alignas(8) std::array<unsigned char, kDevModeSize + 4> memory{};
+    auto& unaligned = *reinterpret_cast<PrivateDevMode*>(memory.data() + 4);
+    ExportedFunc_SetAutoJobStartSpecifiedDayAndTimeForDriver(0x123456789ABCDEF0);
+    std::array<char, single_value::kScratchSize> text{};
+    SaveUnroutedValues(unaligned, text);
+    EXPECT_EQ(unaligned.AutoJobStartSpecifiedDayAndTimeForDriver + 0, 0x123456789ABCDEF0u);
+}
+
 TEST_F(SavingTheStore, LeavesTheBytesBehindTheNulOfAText) {
     std::memset(record->JobName, 'x', sizeof record->JobName);
     ExportedFunc_SetJobName("ab");
