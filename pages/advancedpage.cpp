@@ -73,10 +73,13 @@ void CAdvancedSettingPageDlg::InitCmbBox(HWND combo, int keyword, int labelId, S
 
 void CAdvancedSettingPageDlg::UpdateResolution(SessionBlock*, int useDefault) {
     ZR_LOG_ENTRY();
+    const HWND combo = GetDlgItem(m_hwnd, IDC_RESOLUTION);
+    if (!combo)
+        return;
     const std::uint32_t value = ReadKeyword(keyword::Resolution, useDefault);
     if (useDefault)
         ExportedFunc_SetCurrent(keyword::Resolution, value);
-    SelectRow(GetDlgItem(m_hwnd, IDC_RESOLUTION), value);
+    SelectRow(combo, value);
 }
 
 void CAdvancedSettingPageDlg::ApplyResolution(SessionBlock*) {

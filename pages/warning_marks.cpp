@@ -50,8 +50,10 @@ void CPSPageDlg::LoadWarningImage() {
     m_hIconWarning_16 = LoadSharedIcon(IDI_NOT_FITTED_SMALL, 16);
     m_hIconWarning_24 = LoadSharedIcon(IDI_NOT_FITTED, 24);
     m_hIconWarning_32 = LoadSharedIcon(IDI_NOT_FITTED, 32);
-    if (!m_hIconWarning_16)
+    if (!m_hIconWarning_16) {
+        ZR_LOG("no icon %d\n", IDI_NOT_FITTED_SMALL);
         return;
+    }
     m_hImgWarningList_16 = ImageList_Create(16, 16, ILC_COLOR32 | ILC_MASK, 1, 1);
     if (!m_hImgWarningList_16) {
         WriteLog("%s() m_hImgWarningList_16==NULL\n", __func__);

@@ -112,7 +112,8 @@ TEST_F(PropertyPage, StoresTheChoiceInThePrintersDataOnlyWhenTheSheetIsApplied) 
     param.pOEMOptItems = &item;
     param.cOEMOptItems = 1;
     char name[] = "OEMUI_VALUE";
-    DeletePrinterDataA(printer, name);
+    DWORD before = 77;
+    SetPrinterDataA(printer, name, REG_DWORD, reinterpret_cast<LPBYTE>(&before), sizeof before);
     const auto stored = [&]() -> DWORD {
         DWORD type = 0;
         DWORD value = 0xFFFFFFFF;
@@ -126,7 +127,7 @@ TEST_F(PropertyPage, StoresTheChoiceInThePrintersDataOnlyWhenTheSheetIsApplied) 
         CPSUICBPARAM callback{};
         callback.Reason = reason;
         EXPECT_EQ(OEMPrinterUICallBack(&callback, &param), 0);
-        EXPECT_EQ(stored(), reason < 6 ? 0xFFFFFFFFu : 3u) << reason;
+        EXPECT_EQ(stored(), reason < 6 ? 77u : 3u) << reason;
         if (reason == 6)
             item.Sel = 9;
     }

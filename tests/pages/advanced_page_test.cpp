@@ -237,6 +237,7 @@ TEST_F(AdvancedPage, WorksWithoutItsControls) {
         DestroyWindow(GetDlgItem(page, id));
     EXPECT_EQ(Notify(page, PSN_SETACTIVE), 1);
     EXPECT_EQ(Command(page, kCombo, kSelectionChanged), 1);
+    EXPECT_EQ(Command(page, kRestoreButton, kClicked), 1);
     EXPECT_EQ(Current(kResolution), 0u);
 }
 
