@@ -1,6 +1,7 @@
 #include "session/record_transfer.h"
 
 #include "session/datamanager.h"
+#include "session/initialize_data_manager.h"
 #include "session/record_routes.h"
 
 #include <gtest/gtest.h>
@@ -77,12 +78,7 @@ auto Read(Field&, Get get) {
 
 class RecordTransfer : public testing::Test {
   protected:
-    RecordTransfer() {
-        ExportedFunc_InitializeDataManager();
-        char key[260] = {};
-        ExportedFunc_CreateDataSettingRegistryKeyName(key);
-        ExportedFunc_CreateDataSettingRegistryKey(key, 327);
-    }
+    RecordTransfer() { InitializeDataManager(); }
     ~RecordTransfer() override {
         char key[260] = {};
         ExportedFunc_GetRegistryKeyName(key);

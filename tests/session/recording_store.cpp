@@ -2,6 +2,8 @@
 
 #include "session/datamanager.h"
 
+#include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace recording_store {
@@ -20,6 +22,18 @@ void Note(const char* operation, std::string argument = "") {
 }
 
 } // namespace
+
+void ExportedFunc_InitializeDataManager() {
+    Note("InitializeDataManager");
+}
+void ExportedFunc_CreateDataSettingRegistryKeyName(char* name) {
+    const bool isZeroed = std::all_of(name, name + 260, [](char c) { return c == 0; });
+    Note("CreateDataSettingRegistryKeyName", isZeroed ? "zeroed" : "");
+    std::strcpy(name, "a key");
+}
+void ExportedFunc_CreateDataSettingRegistryKey(const char* name, int keywordCount) {
+    Note("CreateDataSettingRegistryKey", std::string(name) + " " + std::to_string(keywordCount));
+}
 
 #define ZR_RECORD_NUMBER(name, type)                                                                         \
     void ExportedFunc_Get##name(type* value) {                                                               \

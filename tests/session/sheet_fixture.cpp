@@ -1,5 +1,7 @@
 #include "sheet_fixture.h"
 
+#include "session/initialize_data_manager.h"
+
 #include <cstring>
 
 std::size_t DriverItems::AddFeature(const std::string& keyword, std::uint32_t defaultOption, LONG sel,
@@ -61,10 +63,7 @@ std::string ReadText(void (*get)(char*)) {
 }
 
 SheetTest::SheetTest() {
-    ExportedFunc_InitializeDataManager();
-    char key[260] = {};
-    ExportedFunc_CreateDataSettingRegistryKeyName(key);
-    ExportedFunc_CreateDataSettingRegistryKey(key, 327);
+    InitializeDataManager();
 
     block.pDriverUI = &driverUI;
     block.poemuiobj = reinterpret_cast<POEMUIOBJ>(0x1234);

@@ -2,6 +2,7 @@
 #include "recording_store.h"
 
 #include "Common/log_recorder.h"
+#include "session/initialize_data_manager.h"
 #include "session/record_transfer.h"
 
 #include <gtest/gtest.h>
@@ -227,6 +228,18 @@ TEST_F(RoutedValuesCalls, ReadTheValuesInTheOrderOfTheirRoutes) {
     EXPECT_EQ(calls[at - 1], "GetMemoFontSize");
     EXPECT_EQ(calls[at + 1], "GetPaginationFontSize");
     EXPECT_EQ(calls.back(), "GetImpositionFormPositionLength");
+}
+
+TEST(InitializeDataManager, PreparesTheStoreThenNamesAndCreatesTheKeyAndLogsItsName) {
+    recording_store::Calls().clear();
+    log_backend::Recorder log;
+    InitializeDataManager();
+    const std::vector<Call> expected{{"InitializeDataManager", ""},
+                                     {"CreateDataSettingRegistryKeyName", "zeroed"},
+                                     {"CreateDataSettingRegistryKey", "a key 327"}};
+    EXPECT_EQ(recording_store::Calls(), expected);
+    ASSERT_EQ(log.main.size(), 1u);
+    EXPECT_NE(log.main[0].find("key=a key\n"), std::string::npos);
 }
 
 } // namespace
