@@ -61,12 +61,26 @@ void RequireCleanText(const PrivateDevMode& record) {
             Require(IsCleanWithin(ViewOf(record).substr(at, field.width)));
 }
 
+// Default on a record that holds anything writes its header and leaves the unused bytes.
+void AttackDefault(Bytes pattern) {
+    const auto record = std::make_unique<PrivateDevMode>();
+    FillFrom(BytesOf(*record), pattern);
+    const PrivateDevMode before = *record;
+    CDevMode(*record).SetDefault(24112);
+    Require(std::memcmp(record.get(), MakeDefault().get(), kDevModeHeaderSize) == 0);
+    for (const devmode::FieldDescriptor& field : devmode::kFields)
+        if (field.kind == devmode::FieldKind::Unused)
+            Require(ViewOf(*record).substr(field.offset, field.width) ==
+                    ViewOf(before).substr(field.offset, field.width));
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t length) {
     if (length < 2 * kDevModeHeaderSize)
         return 0;
     const Bytes input(data, length);
+    AttackDefault(input);
     std::size_t size;
     const auto source = MakeSource(input.first(length / 2), size);
     const auto target = MakeTarget(input.subspan(length / 2), source.get());
