@@ -66,7 +66,11 @@ void ExportedFunc_InitializeDataManager() {
 void ExportedFunc_CreateDataSettingRegistryKeyName(char* name) {
     ZR_LOG_ENTRY();
     Guarded([&] {
-        GiveName(name, DataSettingKeyName(ProcessNumber(), NextKeyStamp(TimeNow())));
+        std::string key;
+        do {
+            key = DataSettingKeyName(ProcessNumber(), NextKeyStamp(TimeNow()));
+        } while (UserKeyExists(key));
+        GiveName(name, key);
         return true;
     });
 }
@@ -85,7 +89,8 @@ void ExportedFunc_CreateDataSettingRegistryKey(const char* name, int keywordCoun
 
 void ExportedFunc_GetRegistryKeyName(char* name) {
     ZR_LOG_ENTRY();
-    GiveName(name, store.KeyName());
+    if (name)
+        GiveName(name, store.HandOutKeyName());
 }
 
 int ExportedFunc_DeleteRegistryKey(const char* name) {
@@ -94,9 +99,11 @@ int ExportedFunc_DeleteRegistryKey(const char* name) {
         const std::string key = TakenName(name);
         if (!IsDataSettingKeyName(key))
             return Refused(key);
+        if (!DeleteUserKey(key))
+            return false;
         if (key == store.KeyName())
             store.Detach();
-        return DeleteUserKey(key);
+        return true;
     });
 }
 

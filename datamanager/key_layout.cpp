@@ -49,6 +49,32 @@ KeyValueType KeyTypeOf(ValueType type) {
     return KeyValueType::Number;
 }
 
+std::span<const std::byte> KeyEntry::DataOf(std::span<const std::byte> content) const {
+    if (type != KeyValueType::Text)
+        return content;
+    return content.first(FieldText({reinterpret_cast<const char*>(content.data()), content.size()}).size() +
+                         1);
+}
+
+KeyEntry EntryAt(StoredValues& values, Place place) {
+    constexpr Place firstNamed = PlaceOf(NamedValue{});
+    if (place >= firstNamed) {
+        const ValueRow& row = kValueRows[place - firstNamed];
+        return {Section::Values, row.name, KeyTypeOf(row.type), SlotOf(values.named, row)};
+    }
+    const Place bank = place / kKeywordCount;
+    const Place keyword = place % kKeywordCount;
+    return {SectionOf(static_cast<Bank>(bank)), kKeywordNames[keyword], KeyValueType::Number,
+            std::as_writable_bytes(std::span(&values.banks[bank][keyword], 1))};
+}
+
+void Clear(StoredValues& values, Section section) {
+    if (section == Section::Values)
+        values.named = {};
+    else
+        values.banks[static_cast<std::size_t>(section)] = {};
+}
+
 Taken TakeKeyValue(StoredValues& values, Section section, std::string_view name, std::uint32_t type,
                    std::span<const std::byte> data) {
     if (section != Section::Values) {

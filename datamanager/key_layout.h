@@ -32,6 +32,32 @@ enum class KeyValueType : std::uint32_t { Text = 1, Number = 4, LongNumber = 11 
 
 KeyValueType KeyTypeOf(ValueType type);
 
+// Where one value stands: in the key, and as a slot of the store.
+struct KeyEntry {
+    Section section;
+    const char* name;
+    KeyValueType type;
+    std::span<std::byte> slot;
+
+    // What of a slot's content goes into the key: of a text no more than its NUL.
+    std::span<const std::byte> DataOf(std::span<const std::byte> content) const;
+};
+
+// Every value that may stand in the key has a place: the banks' keywords first, then the named values.
+using Place = std::size_t;
+inline constexpr Place kPlaceCount = kBankCount * kKeywordCount + kNamedValueCount;
+// The keyword must be one of the table.
+constexpr Place PlaceOf(Bank bank, int keyword) {
+    return static_cast<Place>(bank) * kKeywordCount + static_cast<Place>(keyword);
+}
+constexpr Place PlaceOf(NamedValue value) {
+    return kBankCount * kKeywordCount + static_cast<Place>(value);
+}
+KeyEntry EntryAt(StoredValues& values, Place place);
+
+// Makes all values of a section as if they were never set.
+void Clear(StoredValues& values, Section section);
+
 enum class Taken { Yes, UnknownName, WrongForm };
 
 // Puts one value as it stands in the key into its slot. Nothing is believed of it: a number must have its

@@ -8,6 +8,10 @@ std::unique_ptr<SettingKey> MakeSettingKey(const std::string&, std::uint32_t) {
     return nullptr;
 }
 
+bool UserKeyExists(const std::string&) {
+    return false;
+}
+
 bool DeleteUserKey(const std::string&) {
     return false;
 }

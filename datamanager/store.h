@@ -1,8 +1,8 @@
-// The value store: what is set is kept here and, while a data setting key is attached, stands in the key as
-// well.
+// The value store: what is set is kept here and, once the name of the attached data setting key was asked
+// for, stands in the key as well.
 #pragma once
 
-#include "datamanager/setting_key.h"
+#include "datamanager/key_exchange.h"
 #include "datamanager/values.h"
 
 #include <array>
@@ -11,6 +11,7 @@
 #include <memory>
 #include <span>
 #include <string_view>
+#include <utility>
 
 // For one thread. Every read first takes over what another process has handed over through the key.
 class ValueStore {
@@ -18,12 +19,13 @@ class ValueStore {
     // Back to the state in which nothing was ever set. The key is let go, not removed.
     void Reset();
 
-    // From now on every value stands in this key too, those already set included.
-    void Attach(std::unique_ptr<SettingKey> key);
+    void Attach(std::unique_ptr<SettingKey> key) { m_exchange.Attach(std::move(key)); }
     // The values stay.
-    void Detach() { m_key.reset(); }
+    void Detach() { m_exchange.Detach(); }
     // The name of the attached key, "" if there is none.
-    std::string_view KeyName() const { return m_key ? std::string_view(m_key->Name()) : std::string_view(); }
+    std::string_view KeyName() const { return m_exchange.KeyName(); }
+    // The same for somebody else, and from now on every value stands in the key, those already set included.
+    std::string_view HandOutKeyName() { return m_exchange.HandOutName(m_values); }
 
     // Any int is a possible keyword. Those outside the table are kept, up to kForeignLimit of them, but never
     // stand in the key; what does not fit is forgotten.
@@ -32,7 +34,7 @@ class ValueStore {
     static constexpr std::size_t kForeignLimit = 64;
 
     const NamedValues& Named() {
-        TakeHandOver();
+        m_exchange.BeforeGet(m_values);
         return m_values.named;
     }
     // T is the type of the slot.
@@ -53,18 +55,12 @@ class ValueStore {
         std::uint32_t value;
     };
 
-    void TakeHandOver() {
-        if (m_key && m_key->IsHandedOver())
-            Reload();
-    }
-    void Reload();
     Foreign* FindForeign(Bank bank, int keyword);
     void Set(NamedValue which, std::span<const std::byte> value);
-    bool Change(std::span<std::byte> slot, std::span<const std::byte> value);
-    void WriteToKey(Section section, const char* name, KeyValueType type, std::span<const std::byte> data);
+    void Set(Place place, std::span<const std::byte> value);
 
     StoredValues m_values;
     std::array<Foreign, kForeignLimit> m_foreign{};
     std::size_t m_foreignCount = 0;
-    std::unique_ptr<SettingKey> m_key;
+    KeyExchange m_exchange;
 };

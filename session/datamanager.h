@@ -25,11 +25,12 @@
 ZR_STORE_API void ExportedFunc_InitializeDataManager();
 // Writes the name of a fresh data setting key, below HKEY_CURRENT_USER, into a buffer of 260 bytes.
 ZR_STORE_API void ExportedFunc_CreateDataSettingRegistryKeyName(char* name);
-// Creates that key for this many keywords; from now on every value that is set stands in it too. A name that
+// Creates that key for this many keywords; it stays empty until its name is asked for. A name that
 // CreateDataSettingRegistryKeyName did not give, or a key that is there already, leaves the store without a
 // key.
 ZR_STORE_API void ExportedFunc_CreateDataSettingRegistryKey(const char* name, int keywordCount);
-// Fills a buffer of 260 bytes with the name of the key in use, "" if there is none.
+// Fills a buffer of 260 bytes with the name of the key in use, "" if there is none. From now on every value
+// stands in the key, and what another process hands over there is taken; so ask only for another process.
 ZR_STORE_API void ExportedFunc_GetRegistryKeyName(char* name);
 // Removes a data setting key: 1 if it is gone, 0 if not, or if the name is no data setting key's.
 ZR_STORE_API int ExportedFunc_DeleteRegistryKey(const char* name);

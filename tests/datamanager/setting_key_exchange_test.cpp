@@ -3,6 +3,9 @@
 #include "tests/datamanager/setting_key_fixture.h"
 
 #include <array>
+#include <cstring>
+#include <string>
+#include <thread>
 
 namespace {
 
@@ -160,6 +163,78 @@ TEST_F(SettingKeyExchange, DoesNotTakeItsOwnWritesForAHandOver) {
         Sleep(1);
         ASSERT_EQ(Current(104), 0u);
     }
+}
+
+// A getter has asked just before the hand-over, so the next one answers from memory.
+TEST_F(SettingKeyExchange, KeepsWhatASetterSetsRightAfterAHandOver) {
+    ExportedFunc_SetCurrent(104, 2);
+    for (int round = 0; round < 100; ++round) {
+        ASSERT_EQ(Current(104), 2u) << round;
+        Put("Current", "DuplexMode", REG_DWORD, std::string("\7\0\0\0", 4));
+        Current(104);
+        HandOverAtOnce();
+        ExportedFunc_SetCurrent(104, 2);
+        Sleep(2);
+    }
+    EXPECT_EQ((DumpByPeer(key)[{"Current", "DuplexMode"}]), NumberImage(2));
+}
+
+TEST_F(SettingKeyExchange, TakesAProgramsValueIfTheSameAsBeforeIsSetBetweenItsWriteAndItsHandOver) {
+    ExportedFunc_SetCurrent(104, 2);
+    ExportedFunc_SetCurrent(0, 2);
+    ChangeByPeer("write",
+                 {{{"Current", "DuplexMode"}, NumberImage(7)}, {{"Current", "PageSize"}, NumberImage(7)}});
+    ExportedFunc_SetCurrent(104, 2);
+    ExportedFunc_SetCurrent(0, 3);
+    ChangeByPeer("apply", {});
+    EXPECT_EQ(Current(104), 7u);
+    EXPECT_EQ(Current(0), 3u);
+}
+
+// On code page 932 none of these is what it becomes by way of UTF-16.
+TEST_F(SettingKeyExchange, LeavesATextAloneThatNobodyChanged) {
+    for (const char* text : {"\x61\x62\x63\x81", "\x81\x20\x7A", "\x85\x40\x78", "\xFA\x4A"}) {
+        ExportedFunc_SetJobName(text);
+        ChangeByPeer("apply", {{{"Current", "DuplexMode"}, NumberImage(7)}});
+        EXPECT_EQ(Hex(JobName().data(), JobName().size()), Hex(text, std::strlen(text)));
+        EXPECT_EQ(Current(104), 7u);
+        ExportedFunc_SetCurrent(104, 0);
+    }
+}
+
+TEST_F(SettingKeyExchange, LeavesATextAloneThatAnotherProcessOnlyReadAndWroteBack) {
+    for (const char* text : {"\x61\x62\x63\x81", "\x81\x20\x7A", "\x85\x40\x78", "\xFA\x4A"}) {
+        ExportedFunc_SetJobName(text);
+        ChangeByPeer("apply", DumpByPeer(key));
+        EXPECT_EQ(Hex(JobName().data(), JobName().size()), Hex(text, std::strlen(text)));
+    }
+}
+
+TEST_F(SettingKeyExchange, TakesATextThatReplacesOneThatIsAlteredOnItsWay) {
+    ExportedFunc_SetJobName("\x61\x62\x63\x81");
+    ChangeByPeer("apply", {{{"Values", "JobName"}, TextImage("abcd")}});
+    EXPECT_EQ(JobName(), "abcd");
+}
+
+TEST_F(SettingKeyExchange, LosesNoValueWhileAnotherProcessRemovesOthers) {
+    ExportedFunc_SetCurrent(104, 2);
+    HKEY current = nullptr;
+    ASSERT_EQ(RegOpenKeyExA(HKEY_CURRENT_USER, (key + "\\Current").c_str(), 0, KEY_WRITE, &current),
+              ERROR_SUCCESS);
+    for (int round = 0; round < 40; ++round) {
+        for (int i = 0; i < 200; ++i)
+            RegSetValueExA(current, ("A" + std::to_string(i)).c_str(), 0, REG_DWORD,
+                           reinterpret_cast<const BYTE*>(&i), sizeof i);
+        HandOver();
+        std::thread other([current] {
+            for (int i = 0; i < 200; ++i)
+                RegDeleteValueA(current, ("A" + std::to_string(i)).c_str());
+        });
+        const std::uint32_t read = Current(104);
+        other.join();
+        ASSERT_EQ(read, 2u) << round;
+    }
+    RegCloseKey(current);
 }
 
 TEST_F(SettingKeyExchange, KeepsTheValuesWhenAnotherProcessRemovesTheKey) {

@@ -50,6 +50,8 @@ class SettingKeyTest : public testing::Test {
     SettingKeyTest() {
         ExportedFunc_InitializeDataManager();
         key = CreateKey();
+        // As the plug-in does before it starts another process; until then the key stays empty.
+        KeyInUse();
     }
     ~SettingKeyTest() override {
         ExportedFunc_InitializeDataManager();
@@ -135,11 +137,15 @@ class SettingKeyTest : public testing::Test {
                   ERROR_SUCCESS);
     }
 
-    void HandOver() {
+    void HandOverAtOnce() {
         ++generation;
         EXPECT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, key.c_str(), "Generation", REG_DWORD, &generation,
                                   sizeof generation),
                   ERROR_SUCCESS);
+    }
+
+    void HandOver() {
+        HandOverAtOnce();
         // Getters may answer from memory for 100 microseconds.
         Sleep(2);
     }

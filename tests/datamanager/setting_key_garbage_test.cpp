@@ -95,6 +95,29 @@ TEST_F(SettingKeyGarbage, FindsItsValuesAmongThousandsOfOthers) {
     EXPECT_EQ(bleed, 8u);
 }
 
+TEST_F(SettingKeyGarbage, OfMoreValuesThanTheStoreReadsLeavesItsValuesUntilItIsRemoved) {
+    ExportedFunc_SetCurrent(104, 1);
+    HKEY values = nullptr;
+    ASSERT_EQ(RegOpenKeyExA(HKEY_CURRENT_USER, (key + "\\Values").c_str(), 0, KEY_WRITE, &values),
+              ERROR_SUCCESS);
+    const auto nameOf = [](int i) { return "A" + std::to_string(100'000 + i); };
+    for (int i = 0; i < 16'385; ++i)
+        RegSetValueExA(values, nameOf(i).c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&i), sizeof i);
+    ExportedFunc_SetJobName("job");
+    Put("Current", "DuplexMode", REG_DWORD, Dword(2));
+    HandOver();
+    EXPECT_EQ(JobName(), "job");
+    EXPECT_EQ(Current(104), 1u);
+    EXPECT_EQ(KeyInUse(), key);
+
+    for (int i = 0; i < 16'385; ++i)
+        RegDeleteValueA(values, nameOf(i).c_str());
+    RegCloseKey(values);
+    Sleep(100); // a failed reading is not repeated for 50 milliseconds
+    EXPECT_EQ(Current(104), 2u);
+    EXPECT_EQ(JobName(), "job");
+}
+
 TEST_F(SettingKeyGarbage, InTheKeyItselfOnlyMakesItReadAgain) {
     ExportedFunc_SetCurrent(104, 1);
     EXPECT_EQ(RegSetKeyValueA(HKEY_CURRENT_USER, key.c_str(), "Generation", REG_SZ, "x", 2), ERROR_SUCCESS);

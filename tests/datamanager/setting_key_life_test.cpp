@@ -1,7 +1,11 @@
 // How data setting keys come and go, and which keys the store removes.
 #include "tests/datamanager/setting_key_fixture.h"
 
+#include <array>
+#include <cstdint>
+#include <cstdio>
 #include <fstream>
+#include <string>
 #include <vector>
 
 namespace {
@@ -34,6 +38,85 @@ TEST_F(SettingKeyLife, TellsKeywordCountGenerationAndProcess) {
     EXPECT_EQ(RootNumber(key, "KeywordCount"), 327u);
     EXPECT_EQ(RootNumber(key, "Generation"), 0u);
     EXPECT_EQ(RootNumber(key, "ProcessId"), GetCurrentProcessId());
+}
+
+TEST_F(SettingKeyLife, StaysEmptyUntilItsNameIsAskedFor) {
+    ExportedFunc_InitializeDataManager();
+    const std::string silent = CreateKey();
+    ExportedFunc_SetCurrent(104, 2);
+    ExportedFunc_SetSecPrintPassword("secret");
+    EXPECT_TRUE(DumpByPeer(silent).empty());
+    ExportedFunc_GetRegistryKeyName(nullptr);
+    EXPECT_TRUE(DumpByPeer(silent).empty()) << "nobody was told";
+
+    EXPECT_EQ(KeyInUse(), silent);
+    EXPECT_EQ(DumpByPeer(silent), (KeyImage{{{"Current", "DuplexMode"}, NumberImage(2)},
+                                            {{"Values", "SecPrintPassword"}, TextImage("secret")}}));
+    EXPECT_EQ(ExportedFunc_DeleteRegistryKey(silent.c_str()), 1);
+}
+
+TEST_F(SettingKeyLife, GetsNoNameThatAKeyHasAlready) {
+    std::array<char, 260> name{};
+    ExportedFunc_CreateDataSettingRegistryKeyName(name.data());
+    const std::string given = name.data();
+    const std::string beginning = given.substr(0, given.size() - 8);
+    const auto stamp = static_cast<std::uint32_t>(std::stoul(given.substr(given.size() - 8), nullptr, 16));
+    std::vector<std::string> taken;
+    for (std::uint32_t i = 1; i <= 3000; ++i) {
+        std::array<char, 9> digits{};
+        std::snprintf(digits.data(), digits.size(), "%08X", static_cast<unsigned>(stamp + i));
+        taken.push_back(beginning + digits.data());
+        MakeKey(taken.back());
+    }
+    ExportedFunc_CreateDataSettingRegistryKeyName(name.data());
+    EXPECT_FALSE(KeyExists(name.data())) << name.data();
+    for (const std::string& each : taken)
+        RegDeleteKeyA(HKEY_CURRENT_USER, each.c_str());
+}
+
+// A link that leads nowhere can't be opened, so what holds it can't be deleted as a whole.
+TEST_F(SettingKeyLife, GoesOnWhenTheKeyCannotBeDeleted) {
+    ExportedFunc_SetCurrent(104, 1);
+    HKEY link = nullptr;
+    ASSERT_EQ(RegCreateKeyExA(HKEY_CURRENT_USER, (key + "\\A").c_str(), 0, nullptr,
+                              REG_OPTION_VOLATILE | REG_OPTION_CREATE_LINK, KEY_ALL_ACCESS, nullptr, &link,
+                              nullptr),
+              ERROR_SUCCESS);
+    EXPECT_EQ(ExportedFunc_DeleteRegistryKey(key.c_str()), 0);
+    EXPECT_TRUE(KeyExists(key));
+    EXPECT_EQ(KeyInUse(), key);
+
+    const auto deleteKey = reinterpret_cast<LONG(NTAPI*)(HANDLE)>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("ntdll.dll"), "NtDeleteKey")));
+    EXPECT_EQ(deleteKey(link), 0);
+    RegCloseKey(link);
+    EXPECT_EQ(ExportedFunc_DeleteRegistryKey(key.c_str()), 1);
+    EXPECT_EQ(KeyInUse(), "");
+}
+
+// Handles are numbered from the lowest free place up, so the next one tells how many are open.
+std::uintptr_t NextHandle() {
+    const HANDLE event = CreateEventA(nullptr, FALSE, FALSE, nullptr);
+    CloseHandle(event);
+    return reinterpret_cast<std::uintptr_t>(event);
+}
+
+TEST_F(SettingKeyLife, LeaksNoHandleInTwoHundredStarts) {
+    const auto start = [this] {
+        ExportedFunc_InitializeDataManager();
+        RegDeleteTreeA(HKEY_CURRENT_USER, key.c_str());
+        key = CreateKey();
+        generation = 0;
+        KeyInUse();
+        ExportedFunc_SetCurrent(104, 1);
+        HandOver();
+        EXPECT_EQ(Current(104), 1u);
+    };
+    start();
+    const std::uintptr_t before = NextHandle();
+    for (int i = 0; i < 200; ++i)
+        start();
+    EXPECT_LE(NextHandle(), before);
 }
 
 TEST_F(SettingKeyLife, IsVolatile) {

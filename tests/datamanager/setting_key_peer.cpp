@@ -4,7 +4,8 @@
 //   write KEY FILE   puts such lines into the key
 //   apply KEY FILE   the same, and hands the change over
 //   delete KEY       removes the key
-//   store FILE       uses a store of this process and writes the name of its data setting key
+//   store FILE       uses a store of this process, hands its values out and writes the name of its data
+//   setting key
 #include <windows.h>
 
 #include <array>
@@ -95,6 +96,7 @@ bool UseOwnStore(const char* file) {
     std::uint32_t before = 99;
     Find<void (*)(int, std::uint32_t*)>(store, "ExportedFunc_GetCurrent")(104, &before);
     Find<void (*)(int, std::uint32_t)>(store, "ExportedFunc_SetCurrent")(104, 77);
+    Find<void (*)(char*)>(store, "ExportedFunc_GetRegistryKeyName")(name.data());
     Find<void (*)(const char*)>(store, "ExportedFunc_SetJobName")("of the other process");
     std::ofstream(file) << name.data() << '\n' << before << '\n';
     return true;
