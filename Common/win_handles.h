@@ -54,6 +54,10 @@ struct Printer {
     using Handle = HANDLE;
     static void Close(HANDLE handle) { ClosePrinter(handle); }
 };
+struct Heap {
+    using Handle = HANDLE;
+    static void Close(HANDLE heap) { HeapDestroy(heap); }
+};
 struct RegistryKey {
     using Handle = HKEY;
     static void Close(HKEY key) { RegCloseKey(key); }
@@ -61,10 +65,6 @@ struct RegistryKey {
 struct Module {
     using Handle = HMODULE;
     static void Close(HMODULE module) { FreeLibrary(module); }
-};
-struct Icon {
-    using Handle = HICON;
-    static void Close(HICON icon) { DestroyIcon(icon); }
 };
 struct Bitmap {
     using Handle = HBITMAP;
@@ -80,9 +80,9 @@ struct ImageList {
 // For kernel objects whose opening function reports failure as null; CreateFile's INVALID_HANDLE_VALUE must
 // be turned into null by its caller.
 using UniqueHandle = UniqueHandleOf<handle_closer::Kernel>;
+using UniqueHeap = UniqueHandleOf<handle_closer::Heap>;
 using UniquePrinter = UniqueHandleOf<handle_closer::Printer>;
 using UniqueRegistryKey = UniqueHandleOf<handle_closer::RegistryKey>;
 using UniqueModule = UniqueHandleOf<handle_closer::Module>;
-using UniqueIcon = UniqueHandleOf<handle_closer::Icon>;
 using UniqueBitmap = UniqueHandleOf<handle_closer::Bitmap>;
 using UniqueImageList = UniqueHandleOf<handle_closer::ImageList>;

@@ -1,5 +1,5 @@
 // Any bytes are read as a DEVMODE or refused, without a read outside them, and what was read can be written
-// again and comes back the same.
+// again and comes back the same: invariants 10 and 11 of docs/security.md.
 #include "host/driver_devmode.h"
 
 #include <cstdlib>
@@ -33,7 +33,7 @@ constexpr std::string_view kDescription = R"(*PPD-Adobe: "4.3"
 *CloseUI: *Duplex
 *CustomPageSize True: ""
 *ParamCustomPageSize Width: 1 points 252.28 907.09
-*ParamCustomPageSize Height: 2 points 277.80 3401.57
+*ParamCustomPageSize Height: 2 points 277.79 3401.58
 )";
 
 constexpr std::size_t kBlock = 16;

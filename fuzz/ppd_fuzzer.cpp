@@ -1,12 +1,15 @@
-// Any bytes are read as a description or refused with a message, and what was read holds together.
+// Any bytes are read as a description or refused with a message, and what was read holds together: invariants
+// 7 to 9 of docs/security.md.
 #include "host/ppd.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     auto result = ppd::Parse({reinterpret_cast<const char*>(data), size});
     if (auto* error = std::get_if<ppd::PpdError>(&result)) {
-        if (error->message.empty() || error->line == 0)
+        const auto isAscii = [](unsigned char c) { return c >= 0x20 && c < 0x7F; };
+        if (error->message.empty() || error->line == 0 || !std::ranges::all_of(error->message, isAscii))
             std::abort();
         return 0;
     }

@@ -2,6 +2,7 @@
 
 #include "host/failure.h"
 
+#include <cstddef>
 #include <cstring>
 
 DocumentSheet::DocumentSheet(DOCUMENTPROPERTYHEADER& header)
@@ -42,9 +43,11 @@ const DEVMODEW* GivenDevMode(const DOCUMENTPROPERTYHEADER& header) {
 void GiveDevMode(const DevModeBytes& devmode, DOCUMENTPROPERTYHEADER& header) {
     if ((header.fMode & DM_OUT_BUFFER) == 0 || !header.pdmOut)
         return;
-    // Wine's client library does not know the buffer's size and gives the dmSize that happens to stand in it;
-    // a caller has asked for the size before.
-    bool told = header.cbOut != header.pdmOut->dmSize;
+    // Wine's client library does not know the buffer's size and gives the dmSize that happens to stand in it,
+    // 0 in a cleared one; a caller has asked for the size before. This is the one place where a caller is
+    // trusted with a length.
+    constexpr std::size_t kSizeEnd = offsetof(DEVMODEW, dmSize) + sizeof(WORD);
+    bool told = header.cbOut != 0 && (header.cbOut < kSizeEnd || header.cbOut != header.pdmOut->dmSize);
     if (told && header.cbOut < devmode.size())
         throw Failure("The caller's buffer is smaller than a whole DEVMODE.");
     std::memcpy(header.pdmOut, devmode.data(), devmode.size());

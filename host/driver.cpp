@@ -45,12 +45,10 @@ DevModeBytes StoredAt(HANDLE printer, DWORD level) {
 PrinterRef::PrinterRef(HANDLE printer, PCWSTR name) : m_printer(printer), m_name(name ? name : L"") {
     if (printer || m_name.empty())
         return;
-    HANDLE opened = nullptr;
-    if (!OpenPrinterW(m_name.data(), &opened, nullptr))
+    if (!OpenPrinterW(m_name.data(), m_owned.Receive(), nullptr))
         throw Failure("The printer " + Utf8(m_name) + " can't be opened, error " +
                       std::to_string(GetLastError()) + ".");
-    m_owned.reset(opened);
-    m_printer = opened;
+    m_printer = m_owned.Get();
 }
 
 Driver::Driver(HANDLE printer, PCWSTR name)
@@ -70,47 +68,66 @@ DevModeBytes Driver::Stored() const {
     return {};
 }
 
-DevModeReading Driver::ReadStored(std::span<const std::byte> stored) const {
-    if (stored.empty())
-        return {DefaultSettings(*m_model), {}, {}, {}};
-    DevModeReading reading = ReadDevMode(stored, *m_model, DefaultSettings(*m_model));
+// Throws Failure for what can't be used.
+DevModeReading Driver::Read(std::span<const std::byte> bytes, const Settings& base) const {
+    DevModeReading reading = ReadDevMode(bytes, *m_model, base);
     if (!reading.trouble.empty())
-        Remark("The stored settings were not taken: " + reading.trouble);
+        throw Failure(reading.trouble);
+    if (!reading.pluginBlock.empty())
+        if (std::string trouble = m_plugin.Trouble(reading.pluginBlock); !trouble.empty())
+            throw Failure(trouble);
     if (!reading.remark.empty())
         Remark(reading.remark);
     return reading;
 }
 
-DevModeBytes Driver::Make(const DEVMODEW* in) {
-    DevModeBytes stored = Stored();
-    DevModeReading reading = ReadStored(stored);
-    auto* publicIn = stored.empty() ? nullptr : reinterpret_cast<PDEVMODEW>(stored.data());
-    if (in) {
-        DevModeReading given = ReadDevMode(BytesOf(in), *m_model, reading.settings);
-        if (!given.trouble.empty())
-            throw Failure(given.trouble);
-        if (!given.remark.empty())
-            Remark(given.remark);
-        reading.settings = std::move(given.settings);
-        // A DEVMODE made by hand brings no block; the stored one stays.
-        if (!given.pluginBlock.empty()) {
-            reading.pluginBlock = given.pluginBlock;
-            publicIn = const_cast<PDEVMODEW>(in);
-        }
-    }
-
-    DevModeBytes devmode(m_size);
-    Write(devmode, reading.settings);
+Settings Driver::MakeDefault(DevModeBytes& devmode) {
+    devmode.assign(m_size, std::byte{0});
+    Settings settings = DefaultSettings(*m_model);
+    Write(devmode, settings);
     m_plugin.DefaultBlock(m_printer.Get(), devmode, m_blockSize);
-    if (!reading.pluginBlock.empty())
+    return settings;
+}
+
+// Lays a DEVMODE over the one that stands in `devmode`. A DEVMODE made by hand brings no block; the one that
+// is there stays.
+void Driver::Take(std::span<const std::byte> bytes, PDEVMODEW publicIn, DevModeBytes& devmode,
+                  Settings& settings) {
+    const DevModeReading reading = Read(bytes, settings);
+    if (!reading.pluginBlock.empty()) {
+        MakeDefault(devmode);
+        Write(devmode, reading.settings);
         m_plugin.TakeBlock(m_printer.Get(), devmode, m_blockSize, publicIn, reading.pluginBlock);
+    }
+    settings = reading.settings;
+    Write(devmode, settings);
+}
+
+// Stored settings that are of no use must not make the printer useless.
+Settings Driver::MakeStored(DevModeBytes& devmode) {
+    Settings settings = MakeDefault(devmode);
+    DevModeBytes stored = Stored();
+    if (stored.empty())
+        return settings;
+    try {
+        Take(stored, reinterpret_cast<PDEVMODEW>(stored.data()), devmode, settings);
+        return settings;
+    } catch (const Failure& failure) {
+        Remark(std::string("The stored settings were not taken: ") + failure.what());
+    }
+    return MakeDefault(devmode);
+}
+
+DevModeBytes Driver::Make(const DEVMODEW* in) {
+    DevModeBytes devmode;
+    Settings settings = MakeStored(devmode);
+    if (in)
+        Take(BytesOf(in), const_cast<PDEVMODEW>(in), devmode, settings);
     return devmode;
 }
 
 void Driver::Check(std::span<const std::byte> in) const {
-    DevModeReading reading = ReadDevMode(in, *m_model, DefaultSettings(*m_model));
-    if (!reading.trouble.empty())
-        throw Failure(reading.trouble);
+    Read(in, DefaultSettings(*m_model));
 }
 
 void Driver::Write(DevModeBytes& devmode, const Settings& settings) const {

@@ -2,9 +2,9 @@
 // made of both.
 #pragma once
 
+#include "Common/win_handles.h"
 #include "host/driver_devmode.h"
 #include "host/driver_files.h"
-#include "host/owned.h"
 #include "host/plugin.h"
 
 #include <memory>
@@ -42,7 +42,7 @@ class Driver {
 
     // The whole DEVMODE: the defaults, over them what the spooler keeps for this printer, over that `in`,
     // which the caller vouches for up to its own dmSize and dmDriverExtra and which may be null. A stored
-    // DEVMODE that can't be read is passed over; `in` that can't be read throws Failure.
+    // DEVMODE that the driver or the plug-in can't use is passed over; such an `in` throws Failure.
     DevModeBytes Make(const DEVMODEW* in);
 
     // Throws Failure if `in` can't be used.
@@ -55,7 +55,11 @@ class Driver {
 
   private:
     DevModeBytes Stored() const;
-    DevModeReading ReadStored(std::span<const std::byte> stored) const;
+    DevModeReading Read(std::span<const std::byte> bytes, const Settings& base) const;
+    Settings MakeDefault(DevModeBytes& devmode);
+    void Take(std::span<const std::byte> bytes, PDEVMODEW publicIn, DevModeBytes& devmode,
+              Settings& settings);
+    Settings MakeStored(DevModeBytes& devmode);
 
     PrinterRef m_printer;
     DriverFiles m_files;

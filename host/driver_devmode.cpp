@@ -81,9 +81,10 @@ struct CustomLimits {
     int minWidth, maxWidth, minHeight, maxHeight;
 };
 
+// A printer's limits are whole tenths of a millimetre; the description's points are those, rounded.
 CustomLimits LimitsOf(const ppd::CustomPage& page) {
-    return {ThousandthsOfMillimetre(page.minWidth), ThousandthsOfMillimetre(page.maxWidth),
-            ThousandthsOfMillimetre(page.minHeight), ThousandthsOfMillimetre(page.maxHeight)};
+    const auto limit = [](double points) { return 100 * TenthsOfMillimetre(points); };
+    return {limit(page.minWidth), limit(page.maxWidth), limit(page.minHeight), limit(page.maxHeight)};
 }
 
 void SetCustomPage(Settings& settings, const PrinterModel& model, int width, int height) {
@@ -93,6 +94,13 @@ void SetCustomPage(Settings& settings, const PrinterModel& model, int width, int
     CustomLimits limits = LimitsOf(*page);
     settings.customWidth = std::clamp(width, limits.minWidth, limits.maxWidth);
     settings.customHeight = std::clamp(height, limits.minHeight, limits.maxHeight);
+}
+
+// The words of the custom page in the driver's private area, which plug-ins write.
+void TakeCustomPage(const DriverArea& area, const PrinterModel& model, Settings& settings) {
+    if (area.customDirection <= kMaxCustomDirection)
+        settings.customDirection = area.customDirection;
+    SetCustomPage(settings, model, area.customWidth, area.customHeight);
 }
 
 std::uint16_t* Selected(Settings& settings, const PrinterModel& model, PublicFeature feature) {
@@ -188,7 +196,7 @@ class PublicReader {
             form = FormOfLengths();
         if (!form)
             return;
-        m_settings.form = *form;
+        ChooseForm(m_settings, m_model, *form);
         if (form == m_model.CustomForm())
             ReadCustomLengths();
     }
@@ -237,7 +245,10 @@ class PublicReader {
             m_settings.nup = 0;
     }
 
+    // Two trays may have one number, that of the automatic one.
     void ReadSource() {
+        if (m_dm.dmDefaultSource == m_written.dmDefaultSource)
+            return;
         auto* selected = Selected(m_settings, m_model, PublicFeature::InputSlot);
         if (auto found = FindId(m_model.Bins(), m_dm.dmDefaultSource);
             selected && found && Has(Field::DefaultSource))
@@ -251,19 +262,32 @@ class PublicReader {
             *selected = static_cast<std::uint16_t>(*found);
     }
 
-    // Without a second figure the first is for both directions. Below zero stand DMRES_LOW and the like,
-    // which say nothing about a printer that has figures.
+    // Without a second figure the first is for both directions, as it is where a program changed the first
+    // alone and the printer has no such pair. Below zero stand DMRES_LOW and the like, which say nothing
+    // about a printer that has figures.
     void ReadResolution() {
         auto* selected = Selected(m_settings, m_model, PublicFeature::Resolution);
         if (!selected || !Has(Field::PrintQuality) || m_dm.dmPrintQuality <= 0)
             return;
-        int y = Has(Field::YResolution) ? m_dm.dmYResolution : m_dm.dmPrintQuality;
+        const int x = m_dm.dmPrintQuality;
+        const int y = Has(Field::YResolution) ? m_dm.dmYResolution : x;
+        const bool sameX = x == m_written.dmPrintQuality;
+        const bool sameY = y == m_written.dmYResolution;
+        if (sameX && sameY)
+            return;
+        auto found = FindResolution(x, y);
+        if (!found && sameY)
+            found = FindResolution(x, x);
+        if (found)
+            *selected = static_cast<std::uint16_t>(*found);
+    }
+
+    std::optional<std::size_t> FindResolution(int x, int y) const {
         const auto& list = m_model.Resolutions();
-        auto found = std::ranges::find_if(
-            list, [&](DotsPerInch dots) { return dots.x == m_dm.dmPrintQuality && dots.y == y; });
-        bool unchanged = m_dm.dmPrintQuality == m_written.dmPrintQuality && y == m_written.dmYResolution;
-        if (found != list.end() && !unchanged)
-            *selected = static_cast<std::uint16_t>(found - list.begin());
+        auto found = std::ranges::find_if(list, [&](DotsPerInch dots) { return dots.x == x && dots.y == y; });
+        if (found == list.end())
+            return std::nullopt;
+        return static_cast<std::size_t>(found - list.begin());
     }
 
     void ReadDuplex() {
@@ -292,8 +316,7 @@ std::string ReadArea(const DriverArea& area, std::span<const std::byte> selectio
     settings.nup = area.nup;
     // A plain landscape shows in the public field.
     settings.orientation = area.rotatedLandscape != 0 ? kRotatedLandscape : kPortrait;
-    settings.customDirection = area.customDirection;
-    SetCustomPage(settings, model, area.customWidth, area.customHeight);
+    TakeCustomPage(area, model, settings);
     if (area.descriptionChecksum != model.File().checksum || area.featureCount != model.Features().size()) {
         reading.remark = "The DEVMODE was made for another printer description; its options were not taken.";
         return {};
@@ -419,6 +442,12 @@ void WriteDevMode(std::span<std::byte> bytes, const Settings& settings, const Pr
 void ReadCustomPage(std::span<const std::byte> bytes, const PrinterModel& model, Settings& settings) {
     DriverArea area;
     std::memcpy(&area, bytes.data() + kPublicSize, sizeof area);
-    settings.customDirection = area.customDirection;
-    SetCustomPage(settings, model, area.customWidth, area.customHeight);
+    TakeCustomPage(area, model, settings);
+}
+
+void ChooseForm(Settings& settings, const PrinterModel& model, std::size_t form) {
+    settings.form = form;
+    const auto region = model.Find(PublicFeature::PageRegion);
+    if (region && form < model.Features()[*region].options.size())
+        settings.selection[*region] = static_cast<std::uint16_t>(form);
 }

@@ -79,16 +79,17 @@ inline constexpr std::uint16_t kDriverAreaVersion = 1;
 inline constexpr std::uint16_t kSpecVersion = 0x0401;
 inline constexpr std::uint16_t kDriverVersion = 0x0600;
 
-// The rows of the orientation item.
-inline constexpr int kRotatedLandscape = 0;
-inline constexpr int kPortrait = 1;
-inline constexpr int kLandscape = 2;
+// The rows of the orientation item. Plug-ins take a row for the value of PageOrientation.
+inline constexpr int kPortrait = 0;
+inline constexpr int kLandscape = 1;
+inline constexpr int kRotatedLandscape = 2;
 
 inline constexpr std::array<int, 6> kPagesPerSheet = {1, 2, 4, 6, 9, 16};
 inline constexpr int kMinScale = 1;
 inline constexpr int kMaxScale = 1000;
 inline constexpr int kMinCopies = 1;
 inline constexpr int kMaxCopies = 9999;
+inline constexpr std::uint16_t kMaxCustomDirection = 3; // PostScript's four orientations of a custom page
 
 // Every setting of a job that the driver itself knows. Always within the printer's limits.
 struct Settings {
@@ -122,6 +123,9 @@ DevModeReading ReadDevMode(std::span<const std::byte> bytes, const PrinterModel&
 
 // The custom page as a plug-in has left it in the driver's private area of a DEVMODE that WriteDevMode made.
 void ReadCustomPage(std::span<const std::byte> bytes, const PrinterModel& model, Settings& settings);
+
+// Lets the settings stand at a form; the page region goes with it.
+void ChooseForm(Settings& settings, const PrinterModel& model, std::size_t form);
 
 // The bytes of a whole DEVMODE; 0 if they are more than a DEVMODE can say it has.
 std::size_t DevModeSize(const PrinterModel& model, std::size_t pluginSize);

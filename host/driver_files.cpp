@@ -1,7 +1,7 @@
 #include "host/driver_files.h"
 
+#include "Common/win_handles.h"
 #include "host/failure.h"
-#include "host/owned.h"
 #include "host/report.h"
 #include "host/wide.h"
 
@@ -93,15 +93,14 @@ DriverFiles FindDriverFiles(HANDLE printer) {
 }
 
 std::shared_ptr<const PrinterModel> LoadModel(const std::wstring& path) {
-    UniqueFile file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
-                                OPEN_EXISTING, 0, nullptr));
+    const HANDLE opened = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, 0, nullptr);
+    if (opened == INVALID_HANDLE_VALUE)
+        throw Failure("The printer description " + Utf8(path) + " can't be opened.");
+    const UniqueHandle file(opened);
     LARGE_INTEGER size{};
     FILETIME written{};
-    if (file.get() == INVALID_HANDLE_VALUE) {
-        file.release();
-        throw Failure("The printer description " + Utf8(path) + " can't be opened.");
-    }
-    if (!GetFileSizeEx(file.get(), &size) || !GetFileTime(file.get(), nullptr, nullptr, &written))
+    if (!GetFileSizeEx(file.Get(), &size) || !GetFileTime(file.Get(), nullptr, nullptr, &written))
         throw Failure("The printer description " + Utf8(path) + " can't be read.");
     auto bytes = static_cast<std::uint64_t>(size.QuadPart);
     if (bytes > ppd::kMaxFileSize)
@@ -110,7 +109,7 @@ std::shared_ptr<const PrinterModel> LoadModel(const std::wstring& path) {
 
     std::lock_guard lock(g_cache.mutex);
     if (!g_cache.model || g_cache.path != path || g_cache.size != bytes || g_cache.written != time) {
-        g_cache.model = ParseModel(path, ReadWhole(path, file.get(), bytes));
+        g_cache.model = ParseModel(path, ReadWhole(path, file.Get(), bytes));
         g_cache.path = path;
         g_cache.size = bytes;
         g_cache.written = time;

@@ -60,7 +60,7 @@ HRESULT DriverUi::DrvUpdateUISetting(PVOID, PVOID optItem, DWORD previousSelecti
         return E_INVALIDARG;
     }
     if (!m_items->InRange(*item)) {
-        Remark("The plug-in sets an item to " + std::to_string(item->Sel) + ", which is outside its range.");
+        Remark("The plug-in sets an item outside its range.");
         item->Sel = static_cast<LONG>(previousSelection);
         return E_INVALIDARG;
     }

@@ -3,6 +3,7 @@
 #include "host/driverhost_text.h"
 #include "host/driverhost_windows.h"
 #include "host/script.h"
+#include "host/window_class.h"
 
 #include <array>
 #include <vector>
@@ -14,12 +15,6 @@ namespace driverhost {
 namespace {
 
 constexpr std::size_t kTextLimit = 4096;
-
-bool HasClass(HWND window, const wchar_t* name) {
-    std::array<wchar_t, 64> buffer{};
-    GetClassNameW(window, buffer.data(), static_cast<int>(buffer.size()));
-    return lstrcmpiW(buffer.data(), name) == 0;
-}
 
 bool IsExtendedCombo(HWND control) {
     return HasClass(control, WC_COMBOBOXEXW);

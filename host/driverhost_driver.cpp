@@ -1,5 +1,6 @@
 #include "host/driverhost_driver.h"
 
+#include "Common/win_handles.h"
 #include "host/driverhost_text.h"
 #include "host/install_printer.h"
 #include "host/ppd.h"
@@ -129,38 +130,36 @@ std::string Remove(const std::wstring& printerName) {
 }
 
 std::optional<std::vector<char>> ReadWhole(const std::wstring& file, std::size_t limit) {
-    const HANDLE handle = CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
+    const HANDLE opened = CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
                                       nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE)
+    if (opened == INVALID_HANDLE_VALUE)
         return std::nullopt;
-    std::optional<std::vector<char>> bytes;
+    const UniqueHandle handle(opened);
     LARGE_INTEGER size{};
-    if (GetFileSizeEx(handle, &size) && size.QuadPart <= static_cast<LONGLONG>(limit)) {
-        bytes.emplace(static_cast<std::size_t>(size.QuadPart));
-        DWORD read = 0;
-        if (!ReadFile(handle, bytes->data(), static_cast<DWORD>(bytes->size()), &read, nullptr) ||
-            read != bytes->size())
-            bytes.reset();
-    }
-    CloseHandle(handle);
+    if (!GetFileSizeEx(handle.Get(), &size) || size.QuadPart > static_cast<LONGLONG>(limit))
+        return std::nullopt;
+    std::vector<char> bytes(static_cast<std::size_t>(size.QuadPart));
+    DWORD read = 0;
+    if (!ReadFile(handle.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr) ||
+        read != bytes.size())
+        return std::nullopt;
     return bytes;
 }
 
 std::wstring DescriptionOf(const std::wstring& printerName) {
     std::wstring name = printerName;
-    HANDLE printer = nullptr;
-    if (!OpenPrinterW(name.data(), &printer, nullptr))
+    UniquePrinter printer;
+    if (!OpenPrinterW(name.data(), printer.Receive(), nullptr))
         return L"";
     DWORD needed = 0;
-    GetPrinterDriverW(printer, nullptr, 3, nullptr, 0, &needed);
+    GetPrinterDriverW(printer.Get(), nullptr, 3, nullptr, 0, &needed);
     std::vector<BYTE> buffer(needed);
     std::wstring description;
     if (needed >= sizeof(DRIVER_INFO_3W) &&
-        GetPrinterDriverW(printer, nullptr, 3, buffer.data(), needed, &needed)) {
+        GetPrinterDriverW(printer.Get(), nullptr, 3, buffer.data(), needed, &needed)) {
         const auto* info = reinterpret_cast<const DRIVER_INFO_3W*>(buffer.data());
         description = info->pDataFile ? info->pDataFile : L"";
     }
-    ClosePrinter(printer);
     return description;
 }
 
@@ -182,6 +181,7 @@ DriverModule::DriverModule(const std::wstring& driverDirectory) {
     }
     Find(module, "DrvDevicePropertySheets", m_deviceSheets);
     Find(module, "X100GetLastMessage", m_lastMessage);
+    Find(module, "X100GetLastSheetResult", m_lastResult);
     Find(module, "X100CheckDevMode", m_check);
 }
 

@@ -40,7 +40,9 @@ class DriverModule {
     const std::string& Trouble() const { return m_trouble; }
 
     PFNDRVPROPERTYSHEETS DeviceSheets() const { return m_deviceSheets; }
-    // Why the last call of this thread failed, `otherwise` if the module has nothing to say.
+    // CPSUI_OK or CPSUI_CANCEL, whichever ended the sheet that was closed last in this process.
+    DWORD LastSheetResult() const { return m_lastResult(); }
+    // Why the last call of this process failed, `otherwise` if the module has nothing to say.
     std::string LastMessage(const std::string& otherwise) const;
     // Why the printer's driver would not take these settings; "" if it would.
     std::string Refusal(const std::wstring& printerName, std::span<const std::byte> devmode) const;
@@ -52,6 +54,7 @@ class DriverModule {
     std::string m_trouble;
     PFNDRVPROPERTYSHEETS m_deviceSheets = nullptr;
     PFNX100GETLASTMESSAGE m_lastMessage = nullptr;
+    PFNX100GETLASTSHEETRESULT m_lastResult = nullptr;
     PFNX100CHECKDEVMODE m_check = nullptr;
 };
 

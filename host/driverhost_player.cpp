@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <exception>
 #include <thread>
 #include <utility>
 
@@ -379,9 +380,16 @@ std::string RunSheet(const Show& show) {
             GiveUp(error.empty() ? "the script is at its end" : error);
         thread.Leave();
     });
-    thread.Serve(show.open);
+    std::string failure;
+    thread.Serve([&] {
+        try {
+            show.open();
+        } catch (const std::exception& exception) {
+            failure = exception.what();
+        }
+    });
     other.join();
-    return error;
+    return failure.empty() ? error : failure;
 }
 
 } // namespace driverhost

@@ -15,7 +15,7 @@ namespace driverhost {
 
 struct Show {
     // Opens the sheet on the calling thread and returns when it is closed. Called again when the script wants
-    // it.
+    // it. What it throws is the failure of the whole.
     std::function<void()> open;
     // The script, null for a person. Its file's name is for messages.
     const std::vector<script::Action>* actions = nullptr;

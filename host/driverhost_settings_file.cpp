@@ -1,13 +1,12 @@
 #include "host/driverhost_settings_file.h"
 
+#include "Common/win_handles.h"
 #include "host/driverhost_text.h"
 #include "host/dump.h"
 
 #include <array>
 #include <cwchar>
-#include <memory>
 #include <string_view>
-#include <type_traits>
 
 #include <windows.h>
 
@@ -19,15 +18,10 @@ namespace {
 // Public part and extra are counted in 16 bits each.
 constexpr LONGLONG kMaximumSize = 2 * 0xFFFF;
 
-struct HandleCloser {
-    void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-using FileHandle = std::unique_ptr<void, HandleCloser>;
-
-FileHandle OpenFile(const std::wstring& file, DWORD access, DWORD disposition) {
+UniqueHandle OpenFile(const std::wstring& file, DWORD access, DWORD disposition) {
     const HANDLE handle = CreateFileW(file.c_str(), access, FILE_SHARE_READ, nullptr, disposition,
                                       FILE_ATTRIBUTE_NORMAL, nullptr);
-    return FileHandle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
+    return UniqueHandle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
 }
 
 std::wstring FileName(std::wstring_view printerName) {
@@ -58,11 +52,11 @@ std::string Refusal(const std::wstring& file, const std::string& reason) {
 }
 
 bool WriteWhole(const std::wstring& file, const std::vector<std::byte>& bytes) {
-    const FileHandle handle = OpenFile(file, GENERIC_WRITE, CREATE_ALWAYS);
+    const UniqueHandle handle = OpenFile(file, GENERIC_WRITE, CREATE_ALWAYS);
     DWORD written = 0;
     return handle &&
-           WriteFile(handle.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
-           written == bytes.size() && FlushFileBuffers(handle.get());
+           WriteFile(handle.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+           written == bytes.size() && FlushFileBuffers(handle.Get());
 }
 
 } // namespace
@@ -70,7 +64,7 @@ bool WriteWhole(const std::wstring& file, const std::vector<std::byte>& bytes) {
 SettingsFile::SettingsFile(std::wstring printerName) : m_file(Folder() + L"\\" + FileName(printerName)) {}
 
 std::vector<std::byte> SettingsFile::Load(std::string& error) const {
-    const FileHandle handle = OpenFile(m_file, GENERIC_READ, OPEN_EXISTING);
+    const UniqueHandle handle = OpenFile(m_file, GENERIC_READ, OPEN_EXISTING);
     if (!handle) {
         const DWORD reason = GetLastError();
         if (reason != ERROR_FILE_NOT_FOUND && reason != ERROR_PATH_NOT_FOUND)
@@ -78,13 +72,13 @@ std::vector<std::byte> SettingsFile::Load(std::string& error) const {
         return {};
     }
     LARGE_INTEGER size{};
-    if (!GetFileSizeEx(handle.get(), &size) || size.QuadPart > kMaximumSize) {
+    if (!GetFileSizeEx(handle.Get(), &size) || size.QuadPart > kMaximumSize) {
         error = Refusal(m_file, "it is longer than a DEVMODE can be");
         return {};
     }
     std::vector<std::byte> bytes(static_cast<std::size_t>(size.QuadPart));
     DWORD read = 0;
-    if (!ReadFile(handle.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr) ||
+    if (!ReadFile(handle.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr) ||
         read != bytes.size()) {
         error = Refusal(m_file, ErrorText(GetLastError()));
         return {};

@@ -1,23 +1,18 @@
 #include "host/driverhost_sheets.h"
 
+#include "Common/win_handles.h"
 #include "host/driverhost_text.h"
 
-#include <memory>
-#include <type_traits>
 #include <vector>
 
 namespace driverhost {
 namespace {
 
-struct PrinterCloser {
-    void operator()(HANDLE printer) const { ClosePrinter(printer); }
-};
-using PrinterHandle = std::unique_ptr<void, PrinterCloser>;
-
-PrinterHandle OpenPrinterNamed(const std::wstring& name) {
+UniquePrinter OpenPrinterNamed(const std::wstring& name) {
     std::wstring writable = name;
-    HANDLE printer = nullptr;
-    return PrinterHandle(OpenPrinterW(writable.data(), &printer, nullptr) ? printer : nullptr);
+    UniquePrinter printer;
+    OpenPrinterW(writable.data(), printer.Receive(), nullptr);
+    return printer;
 }
 
 PDEVMODEW AsDevMode(std::vector<std::byte>& bytes) {
@@ -80,10 +75,10 @@ void Publish(HANDLE printer, std::vector<std::byte>& devmode) {
 
 std::string ShowDocumentSheet(const std::wstring& printerName, const DriverModule& driver,
                               const SettingsFile& settings) {
-    const PrinterHandle printer = OpenPrinterNamed(printerName);
+    const UniquePrinter printer = OpenPrinterNamed(printerName);
     if (!printer)
         return "the printer can't be opened: " + ErrorText(GetLastError());
-    DocumentProperties properties(printer.get(), printerName);
+    DocumentProperties properties(printer.Get(), printerName);
     const LONG size = properties.Size();
     if (size < static_cast<LONG>(sizeof(DEVMODEW)))
         return driver.LastMessage("the driver does not tell the size of its settings");
@@ -101,24 +96,23 @@ std::string ShowDocumentSheet(const std::wstring& printerName, const DriverModul
     if (properties.Sheet(out, in) < 0)
         return driver.LastMessage("the sheet could not be opened");
     out = Trimmed(std::move(out));
-    // Wine returns IDOK for a cancelled sheet and for one that never opened too, so the buffer tells: a
-    // driver leaves it empty then, or fills in what it was given.
-    if (out.empty() || out == in)
+    // Wine returns IDOK for a cancelled sheet and for one that never opened too.
+    if (driver.LastSheetResult() != CPSUI_OK || out.empty())
         return driver.LastMessage("");
     if (const std::string refusal = driver.Refusal(printerName, out); !refusal.empty())
         return "the sheet gives settings that can't be used: " + refusal;
     if (std::string failure = settings.Store(out); !failure.empty())
         return failure;
-    Publish(printer.get(), out);
+    Publish(printer.Get(), out);
     return "";
 }
 
 std::string ShowDeviceSheet(const std::wstring& printerName, const DriverModule& driver) {
-    const PrinterHandle printer = OpenPrinterNamed(printerName);
+    const UniquePrinter printer = OpenPrinterNamed(printerName);
     if (!printer)
         return "the printer can't be opened: " + ErrorText(GetLastError());
     std::wstring name = printerName;
-    DEVICEPROPERTYHEADER header{sizeof header, 0, printer.get(), name.data()};
+    DEVICEPROPERTYHEADER header{sizeof header, 0, printer.Get(), name.data()};
     DWORD result = 0;
     // The platform's PrinterProperties never reaches the configuration module here.
     if (CommonPropertySheetUIW(nullptr, driver.DeviceSheets(), reinterpret_cast<LPARAM>(&header), &result) <

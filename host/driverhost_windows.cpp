@@ -1,7 +1,6 @@
 #include "host/driverhost_windows.h"
 
-#include <array>
-#include <string_view>
+#include "host/window_class.h"
 
 namespace driverhost {
 namespace {
@@ -9,18 +8,10 @@ namespace {
 // The tab control of a property sheet.
 constexpr int kTabControl = 0x3020;
 
-constexpr std::wstring_view kDialogClass = L"#32770";
-
 struct Search {
     HWND sheet = nullptr;
     HWND front = nullptr;
 };
-
-bool HasClass(HWND window, std::wstring_view name) {
-    std::array<wchar_t, 64> buffer{};
-    const int length = GetClassNameW(window, buffer.data(), static_cast<int>(buffer.size()));
-    return std::wstring_view(buffer.data(), static_cast<std::size_t>(length)) == name;
-}
 
 BOOL CALLBACK NoteDialog(HWND window, LPARAM param) {
     auto& search = *reinterpret_cast<Search*>(param);

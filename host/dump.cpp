@@ -6,16 +6,13 @@
 #include <array>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 #include <string_view>
 
 namespace dump {
 namespace {
 
-// The places of the public DEVMODE's members, fixed by the platform.
-constexpr std::size_t kSizeOffset = 68;
-constexpr std::size_t kExtraOffset = 70;
-constexpr std::size_t kFieldsOffset = 72;
-constexpr std::size_t kNameCharacters = 32;
+constexpr std::size_t kNameCharacters = std::size(PublicDevMode{}.dmDeviceName);
 
 // Where values begin on a line that names them.
 constexpr std::size_t kNameColumn = 18;
@@ -31,31 +28,31 @@ struct Field {
 };
 
 constexpr std::array kFields{
-    Field{"dmDeviceName", 0, Kind::Name, 0},
-    Field{"dmSpecVersion", 64, Kind::Word, 0},
-    Field{"dmDriverVersion", 66, Kind::Word, 0},
-    Field{"dmSize", 68, Kind::Word, 0},
-    Field{"dmDriverExtra", 70, Kind::Word, 0},
-    Field{"dmFields", 72, Kind::Long, 0},
-    Field{"dmOrientation", 76, Kind::Short, 0x1},
-    Field{"dmPaperSize", 78, Kind::Short, 0x2},
-    Field{"dmPaperLength", 80, Kind::Short, 0x4},
-    Field{"dmPaperWidth", 82, Kind::Short, 0x8},
-    Field{"dmScale", 84, Kind::Short, 0x10},
-    Field{"dmCopies", 86, Kind::Short, 0x100},
-    Field{"dmDefaultSource", 88, Kind::Short, 0x200},
-    Field{"dmPrintQuality", 90, Kind::Short, 0x400},
-    Field{"dmColor", 92, Kind::Short, 0x800},
-    Field{"dmDuplex", 94, Kind::Short, 0x1000},
-    Field{"dmYResolution", 96, Kind::Short, 0x2000},
-    Field{"dmTTOption", 98, Kind::Short, 0x4000},
-    Field{"dmCollate", 100, Kind::Short, 0x8000},
-    Field{"dmFormName", 102, Kind::Name, 0x10000},
-    Field{"dmNup", 180, Kind::Long, 0x40},
-    Field{"dmICMMethod", 188, Kind::Long, 0x800000},
-    Field{"dmICMIntent", 192, Kind::Long, 0x1000000},
-    Field{"dmMediaType", 196, Kind::Long, 0x2000000},
-    Field{"dmDitherType", 200, Kind::Long, 0x4000000},
+    Field{"dmDeviceName", offsetof(PublicDevMode, dmDeviceName), Kind::Name, 0},
+    Field{"dmSpecVersion", offsetof(PublicDevMode, dmSpecVersion), Kind::Word, 0},
+    Field{"dmDriverVersion", offsetof(PublicDevMode, dmDriverVersion), Kind::Word, 0},
+    Field{"dmSize", offsetof(PublicDevMode, dmSize), Kind::Word, 0},
+    Field{"dmDriverExtra", offsetof(PublicDevMode, dmDriverExtra), Kind::Word, 0},
+    Field{"dmFields", offsetof(PublicDevMode, dmFields), Kind::Long, 0},
+    Field{"dmOrientation", offsetof(PublicDevMode, dmOrientation), Kind::Short, 0x1},
+    Field{"dmPaperSize", offsetof(PublicDevMode, dmPaperSize), Kind::Short, 0x2},
+    Field{"dmPaperLength", offsetof(PublicDevMode, dmPaperLength), Kind::Short, 0x4},
+    Field{"dmPaperWidth", offsetof(PublicDevMode, dmPaperWidth), Kind::Short, 0x8},
+    Field{"dmScale", offsetof(PublicDevMode, dmScale), Kind::Short, 0x10},
+    Field{"dmCopies", offsetof(PublicDevMode, dmCopies), Kind::Short, 0x100},
+    Field{"dmDefaultSource", offsetof(PublicDevMode, dmDefaultSource), Kind::Short, 0x200},
+    Field{"dmPrintQuality", offsetof(PublicDevMode, dmPrintQuality), Kind::Short, 0x400},
+    Field{"dmColor", offsetof(PublicDevMode, dmColor), Kind::Short, 0x800},
+    Field{"dmDuplex", offsetof(PublicDevMode, dmDuplex), Kind::Short, 0x1000},
+    Field{"dmYResolution", offsetof(PublicDevMode, dmYResolution), Kind::Short, 0x2000},
+    Field{"dmTTOption", offsetof(PublicDevMode, dmTTOption), Kind::Short, 0x4000},
+    Field{"dmCollate", offsetof(PublicDevMode, dmCollate), Kind::Short, 0x8000},
+    Field{"dmFormName", offsetof(PublicDevMode, dmFormName), Kind::Name, 0x10000},
+    Field{"dmNup", offsetof(PublicDevMode, dmNup), Kind::Long, 0x40},
+    Field{"dmICMMethod", offsetof(PublicDevMode, dmICMMethod), Kind::Long, 0x800000},
+    Field{"dmICMIntent", offsetof(PublicDevMode, dmICMIntent), Kind::Long, 0x1000000},
+    Field{"dmMediaType", offsetof(PublicDevMode, dmMediaType), Kind::Long, 0x2000000},
+    Field{"dmDitherType", offsetof(PublicDevMode, dmDitherType), Kind::Long, 0x4000000},
 };
 
 template <typename Number>
@@ -148,10 +145,10 @@ std::string HexColumn(std::span<const std::byte> line) {
 std::string Trouble(std::span<const std::byte> record) {
     if (record.size() < kPublicSize)
         return std::to_string(record.size()) + " bytes are too few for a DEVMODE";
-    const std::size_t size = At<std::uint16_t>(record, kSizeOffset);
-    const std::size_t extra = At<std::uint16_t>(record, kExtraOffset);
+    const std::size_t size = At<std::uint16_t>(record, offsetof(PublicDevMode, dmSize));
+    const std::size_t extra = At<std::uint16_t>(record, offsetof(PublicDevMode, dmDriverExtra));
     if (size != kPublicSize)
-        return "dmSize is " + std::to_string(size) + " and not 220";
+        return "dmSize is " + std::to_string(size) + " and not " + std::to_string(kPublicSize);
     if (size + extra != record.size())
         return "dmSize and dmDriverExtra ask for " + std::to_string(size + extra) + " bytes, but there are " +
                std::to_string(record.size());
@@ -164,7 +161,7 @@ std::string Trouble(std::span<const std::byte> record) {
 std::string PublicFields(std::span<const std::byte> record) {
     if (record.size() < kPublicSize)
         return "";
-    const auto present = At<std::uint32_t>(record, kFieldsOffset);
+    const auto present = At<std::uint32_t>(record, offsetof(PublicDevMode, dmFields));
     std::string text;
     for (const Field& field : kFields) {
         std::string line(field.name);
@@ -184,7 +181,7 @@ std::string Bytes(std::span<const std::byte> bytes) {
         const std::string column = TextColumn(bytes, begin, end, divided);
         if (std::ranges::all_of(line, [](std::byte byte) { return byte == std::byte{0}; }))
             continue;
-        std::array<char, 16> offset{};
+        std::array<char, 24> offset{};
         std::snprintf(offset.data(), offset.size(), "%06zx  ", begin);
         text += offset.data() + HexColumn(line) + " " + column + "\n";
     }

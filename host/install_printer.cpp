@@ -1,6 +1,6 @@
 #include "host/install_printer.h"
 
-#include "host/owned.h"
+#include "Common/win_handles.h"
 
 #include <algorithm>
 #include <array>
@@ -203,5 +203,5 @@ bool RemovePrinter(const std::wstring& printerName) {
     if (!OpenPrinterW(name.data(), &opened, &access))
         return GetLastError() == ERROR_INVALID_PRINTER_NAME;
     UniquePrinter printer(opened);
-    return DeletePrinter(printer.get());
+    return DeletePrinter(printer.Get());
 }

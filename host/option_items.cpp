@@ -113,8 +113,8 @@ void OptionItems::AddPublicItems(const Settings& settings) {
     AddList(Role::Form, DMPUB_FORMNAME, m_model.FeatureText(m_model.Find(PublicFeature::PageSize).value()),
             forms, static_cast<LONG>(settings.form));
     AddList(Role::Orientation, DMPUB_ORIENTATION, Word(u"Orientation", u"原稿の向き"),
-            {Word(u"Rotated Landscape", u"横置きに回転"), Word(u"Portrait", u"たて原稿"),
-             Word(u"Landscape", u"よこ原稿")},
+            {Word(u"Portrait", u"たて原稿"), Word(u"Landscape", u"よこ原稿"),
+             Word(u"Rotated Landscape", u"横置きに回転")},
             settings.orientation);
     m_backing.back()->type.Type = TVOT_3STATES;
     AddRange(Role::Copies, DMPUB_COPIES_COLLATE, Word(u"Copies", u"部数"), Word(u"copies", u"部"), kMinCopies,
@@ -182,7 +182,7 @@ Settings OptionItems::Read() const {
         case Role::Orientation: settings.orientation = item.Sel; break;
         case Role::Scale: settings.scale = item.Sel; break;
         case Role::Copies: settings.copies = item.Sel; break;
-        case Role::Form: settings.form = static_cast<std::size_t>(item.Sel); break;
+        case Role::Form: ChooseForm(settings, m_model, static_cast<std::size_t>(item.Sel)); break;
         case Role::Nup: settings.nup = item.Sel; break;
         case Role::Source:
         case Role::Quality:
@@ -191,9 +191,5 @@ Settings OptionItems::Read() const {
         case Role::Header: break;
         }
     }
-    // The region goes with the size.
-    if (auto region = m_model.Find(PublicFeature::PageRegion))
-        if (settings.form < m_model.Features()[*region].options.size())
-            settings.selection[*region] = static_cast<std::uint16_t>(settings.form);
     return settings;
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <vector>
 
 namespace {
@@ -16,6 +17,13 @@ std::string Status(HRESULT status) {
     char text[16];
     std::snprintf(text, sizeof text, "0x%08lX", static_cast<unsigned long>(status));
     return text;
+}
+
+// Only of a block that is not shorter.
+OEM_DMEXTRAHEADER HeadOf(std::span<const std::byte> block) {
+    OEM_DMEXTRAHEADER head{};
+    std::memcpy(&head, block.data(), sizeof head);
+    return head;
 }
 
 PDEVMODEW Public(std::span<std::byte> devmode) {
@@ -30,11 +38,18 @@ Plugin::Plugin(const DriverFiles& files) {
         CreateRegistered();
     else
         LoadFromFolder(files, name);
-    DWORD signature = 0;
+    m_signature = Ask(OEMGI_GETSIGNATURE, "signature");
+    m_version = Ask(OEMGI_GETVERSION, "version");
+}
+
+DWORD Plugin::Ask(DWORD mode, const char* what) {
+    DWORD value = 0;
     DWORD needed = 0;
-    HRESULT status = m_ui->GetInfo(OEMGI_GETSIGNATURE, &signature, sizeof signature, &needed);
+    HRESULT status = m_ui->GetInfo(mode, &value, sizeof value, &needed);
     if (FAILED(status))
-        throw Failure("The plug-in does not tell its signature, status " + Status(status) + ".");
+        throw Failure(std::string("The plug-in does not tell its ") + what + ", status " + Status(status) +
+                      ".");
+    return value;
 }
 
 // Plug-ins of print drivers are not registered: all of them have the same class id. The driver loads the file
@@ -42,13 +57,13 @@ Plugin::Plugin(const DriverFiles& files) {
 // folder.
 void Plugin::LoadFromFolder(const DriverFiles& files, const std::wstring& name) {
     std::wstring path = files.directory + name;
-    m_module.reset(LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    m_module.Reset(LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
     if (!m_module)
         throw Failure("The plug-in " + Utf8(path) + " can't be loaded, error " +
                       std::to_string(GetLastError()) + ".");
     using GetClassObject = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
     auto getClassObject = reinterpret_cast<GetClassObject>(
-        reinterpret_cast<void*>(GetProcAddress(m_module.get(), "DllGetClassObject")));
+        reinterpret_cast<void*>(GetProcAddress(m_module.Get(), "DllGetClassObject")));
     if (!getClassObject)
         throw Failure("The plug-in " + Utf8(path) + " has no class.");
     IClassFactory* factory = nullptr;
@@ -85,7 +100,7 @@ OEMDMPARAM Plugin::Param(HANDLE printer, std::span<std::byte> out, std::size_t b
     param.cbSize = sizeof param;
     param.pdriverobj = &m_object;
     param.hPrinter = printer;
-    param.hModule = m_module.get();
+    param.hModule = m_module.Get();
     param.cbBufSize = static_cast<DWORD>(blockSize);
     if (!out.empty()) {
         param.pPublicDMOut = Public(out);
@@ -107,16 +122,24 @@ void Plugin::DefaultBlock(HANDLE printer, std::span<std::byte> out, std::size_t 
     Call(OEMDM_DEFAULT, param, "make its default settings");
 }
 
+std::string Plugin::Trouble(std::span<const std::byte> block) const {
+    if (block.size() < sizeof(OEM_DMEXTRAHEADER) || HeadOf(block).dwSize != block.size())
+        return "The lengths inside the plug-in's part of the DEVMODE contradict each other.";
+    if (HeadOf(block).dwSignature != m_signature)
+        return "The DEVMODE holds the settings of another plug-in.";
+    return {};
+}
+
 void Plugin::TakeBlock(HANDLE printer, std::span<std::byte> out, std::size_t blockSize, PDEVMODEW publicIn,
                        std::span<const std::byte> block) {
     // The plug-in reads as much as its own size; a shorter block is given with zeros behind it.
     std::vector<std::byte> copy(block.begin(), block.end());
-    bool sameSize = block.size() == blockSize;
+    bool same = block.size() == blockSize && HeadOf(block).dwVersion == m_version;
     copy.resize(std::max(block.size(), blockSize));
     OEMDMPARAM param = Param(printer, out, blockSize);
     param.pPublicDMIn = publicIn;
     param.pOEMDMIn = copy.data();
-    if (sameSize)
+    if (same)
         Call(OEMDM_MERGE, param, "take over stored settings");
     else
         Call(OEMDM_CONVERT, param, "convert stored settings");

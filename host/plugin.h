@@ -1,12 +1,14 @@
 // The driver's plug-in, known by its class id and the contract only.
 #pragma once
 
+#include "Common/win_handles.h"
 #include "host/driver_files.h"
-#include "host/owned.h"
+#include "host/unique_com.h"
 #include "oemps/printoem.h"
 
 #include <cstddef>
 #include <span>
+#include <string>
 
 // What stands behind the opaque driver object that a plug-in hands back.
 struct OEMUIOBJ {
@@ -24,16 +26,20 @@ class Plugin {
     // Fills the block that stands at the end of `out`.
     void DefaultBlock(HANDLE printer, std::span<std::byte> out, std::size_t blockSize);
 
-    // Brings a stored block into the default one at the end of `out`: merged if it has this plug-in's size,
-    // converted if it was made by another version.
+    // Why a stored block is not one of this plug-in's, or ""; the plug-in relies on what it is given as such.
+    std::string Trouble(std::span<const std::byte> block) const;
+
+    // Brings a stored block without trouble into the default one at the end of `out`: merged if its head is
+    // that of this plug-in's own, converted if it was made by another version.
     void TakeBlock(HANDLE printer, std::span<std::byte> out, std::size_t blockSize, PDEVMODEW publicIn,
                    std::span<const std::byte> block);
 
     IPrintOemUI& Interface() const { return *m_ui; }
     POEMUIOBJ Object() { return &m_object; }
-    HMODULE Module() const { return m_module.get(); }
+    HMODULE Module() const { return m_module.Get(); }
 
   private:
+    DWORD Ask(DWORD mode, const char* what);
     void LoadFromFolder(const DriverFiles& files, const std::wstring& name);
     void CreateRegistered();
     void Call(DWORD mode, OEMDMPARAM& param, const char* what);
@@ -42,4 +48,6 @@ class Plugin {
     UniqueModule m_module; // outlives the object in it
     UniqueCom<IPrintOemUI> m_ui;
     OEMUIOBJ m_object{sizeof(OEMUIOBJ)};
+    DWORD m_signature = 0; // of its blocks
+    DWORD m_version = 0;
 };

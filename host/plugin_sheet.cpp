@@ -35,7 +35,7 @@ PluginSheet::PluginSheet(HANDLE printer, PCWSTR name)
     m_items.hPrinter = m_driver.Printer().Get();
     m_items.pPrinterName = m_printerName.data();
     m_items.hModule = m_driver.OemPlugin().Module();
-    m_items.hOEMHeap = m_heap.get();
+    m_items.hOEMHeap = m_heap.Get();
 }
 
 PluginSheet::~PluginSheet() {
@@ -114,8 +114,10 @@ LONG_PTR CALLBACK PluginSheet::ComPropSheet(HANDLE sheet, UINT function, LPARAM 
         return self->PassOn(sheet, function, first, second);
     } catch (const std::exception& failure) {
         Report(failure.what());
-        return 0;
+    } catch (...) {
+        Report("The plug-in's call fails for an unknown reason.");
     }
+    return 0;
 }
 
 // Wine's common property sheet does not know CPSFUNC_SET_RESULT: it returns 0 and tells nobody. What the

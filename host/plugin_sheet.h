@@ -1,6 +1,7 @@
 // One open property sheet with the plug-in's pages, as far as document and device sheets are alike.
 #pragma once
 
+#include "Common/win_handles.h"
 #include "host/driver.h"
 #include "host/driver_ui.h"
 #include "host/sheet_title.h"

@@ -68,6 +68,8 @@ struct Constraint {
     std::string otherOption;
 };
 
+// The names and the constraints are read so that a file with a fault in them is refused; the driver itself
+// shows no names, and what goes together is its plug-in's to judge.
 struct PpdFile {
     std::string manufacturer;
     std::string modelName;

@@ -13,7 +13,10 @@ constexpr double kMaxPoints = 100000;
 } // namespace
 
 std::string Quoted(std::string_view text) {
-    return "\"" + std::string(text.substr(0, 80)) + "\"";
+    std::string quoted(text.substr(0, 80));
+    std::ranges::replace_if(
+        quoted, [](unsigned char c) { return c < 0x20 || c > 0x7E; }, '?');
+    return "\"" + quoted + "\"";
 }
 
 PpdFile Parser::Run() {

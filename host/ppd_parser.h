@@ -15,6 +15,7 @@ struct ParseFailure {
 
 inline constexpr std::string_view kDefaultPrefix = "Default";
 
+// For messages, so a "?" for each byte that is not ASCII.
 std::string Quoted(std::string_view text);
 
 template <class Value>

@@ -18,26 +18,41 @@ void Write(std::string_view message) {
     OutputDebugStringW(Wide(line).c_str());
 }
 
+// Messages are written where nothing else can go wrong any more.
+template <class Body>
+void Quietly(Body body) noexcept {
+    try {
+        body();
+    } catch (...) {
+    }
+}
+
 } // namespace
 
-void Report(std::string_view message) {
-    {
+void Report(std::string_view message) noexcept {
+    Quietly([&] {
         std::lock_guard lock(g_mutex);
         g_last = message;
-    }
-    Write(message);
+    });
+    Remark(message);
 }
 
-void Remark(std::string_view message) {
-    Write(message);
+void Remark(std::string_view message) noexcept {
+    Quietly([&] { Write(message); });
 }
 
-void ClearReport() {
-    std::lock_guard lock(g_mutex);
-    g_last.clear();
+void ClearReport() noexcept {
+    Quietly([] {
+        std::lock_guard lock(g_mutex);
+        g_last.clear();
+    });
 }
 
-std::wstring LastReport() {
-    std::lock_guard lock(g_mutex);
-    return Wide(g_last);
+std::wstring LastReport() noexcept {
+    std::wstring text;
+    Quietly([&] {
+        std::lock_guard lock(g_mutex);
+        text = Wide(g_last);
+    });
+    return text;
 }

@@ -1,9 +1,9 @@
 #include "host/screenshot.h"
 
+#include "Common/win_handles.h"
+
 #include <cstddef>
 #include <cstdint>
-#include <memory>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -15,11 +15,6 @@
 namespace {
 
 constexpr CLSID kPngEncoder = {0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
-
-struct BitmapDeleter {
-    void operator()(HBITMAP bitmap) const { DeleteObject(bitmap); }
-};
-using Bitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, BitmapDeleter>;
 
 // The device context of a window's content, or of the screen for a null window.
 class WindowDc {
@@ -41,7 +36,7 @@ class Canvas {
     explicit Canvas(SIZE size)
         : m_size(size), m_dc(CreateCompatibleDC(nullptr)),
           m_bitmap(CreateCompatibleBitmap(WindowDc(nullptr).Get(), size.cx, size.cy)),
-          m_previous(SelectObject(m_dc, m_bitmap.get())) {}
+          m_previous(SelectObject(m_dc, m_bitmap.Get())) {}
     ~Canvas() {
         SelectObject(m_dc, m_previous);
         DeleteDC(m_dc);
@@ -62,7 +57,7 @@ class Canvas {
         info.bmiHeader.biBitCount = 32;
         std::vector<std::uint32_t> pixels(static_cast<std::size_t>(m_size.cx) *
                                           static_cast<std::size_t>(m_size.cy));
-        GetDIBits(m_dc, m_bitmap.get(), 0, static_cast<UINT>(m_size.cy), pixels.data(), &info,
+        GetDIBits(m_dc, m_bitmap.Get(), 0, static_cast<UINT>(m_size.cy), pixels.data(), &info,
                   DIB_RGB_COLORS);
         for (std::uint32_t& pixel : pixels)
             pixel &= 0xFFFFFF;
@@ -70,7 +65,7 @@ class Canvas {
     }
 
     // Takes the bitmap out; nothing more can be copied into it.
-    Bitmap Release() {
+    UniqueBitmap Release() {
         SelectObject(m_dc, m_previous);
         return std::move(m_bitmap);
     }
@@ -78,7 +73,7 @@ class Canvas {
   private:
     SIZE m_size;
     HDC m_dc;
-    Bitmap m_bitmap;
+    UniqueBitmap m_bitmap;
     HGDIOBJ m_previous;
 };
 
@@ -160,7 +155,7 @@ std::string WriteScreenshot(HWND window, const std::wstring& file) {
     if (!canvas.Copy({0, 0}, frame.size, WindowDc(nullptr).Get(), frame.corner) ||
         !canvas.Copy(inset, content.size, WindowDc(window).Get(), {0, 0}))
         return "the window's picture can't be taken";
-    if (!PngWriter().Save(canvas.Release().get(), file))
+    if (!PngWriter().Save(canvas.Release().Get(), file))
         return "the picture can't be written";
     return "";
 }

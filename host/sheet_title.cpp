@@ -1,42 +1,71 @@
 #include "host/sheet_title.h"
 
+#include "host/window_class.h"
+
 #include <commctrl.h>
 #include <prsht.h>
 
-#include <map>
-#include <mutex>
+#include <algorithm>
 #include <utility>
 
 namespace {
 
-// A hook is told nothing but its thread.
-std::mutex g_mutex;
-std::map<DWORD, std::wstring> g_titles;
+// A hook is told nothing but runs on the thread that it watches.
+thread_local SheetTitle* t_waiting = nullptr;
 
 } // namespace
 
-SheetTitle::SheetTitle(std::wstring title)
-    : m_thread(GetCurrentThreadId()), m_hook(SetWindowsHookExW(WH_CBT, &Watch, nullptr, m_thread)) {
-    std::lock_guard lock(g_mutex);
-    g_titles[m_thread] = std::move(title);
+SheetTitle::SheetTitle(std::wstring title) : m_title(std::move(title)) {
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM list) -> BOOL {
+            reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&m_others));
+    t_waiting = this;
+    Hook(WH_CBT, &AwaitSheet);
 }
 
 SheetTitle::~SheetTitle() {
-    if (m_hook)
-        UnhookWindowsHookEx(m_hook);
-    std::lock_guard lock(g_mutex);
-    g_titles.erase(m_thread);
+    Unhook();
+    if (t_waiting == this)
+        t_waiting = nullptr;
 }
 
-// A message box in front of the sheet has no tabs and keeps its own title. The sheet is activated before it
-// names itself, so the title is posted; it stays valid as long as the sheet.
-LRESULT CALLBACK SheetTitle::Watch(int code, WPARAM window, LPARAM param) {
-    auto activated = reinterpret_cast<HWND>(window);
-    if (code == HCBT_ACTIVATE && FindWindowExW(activated, nullptr, WC_TABCONTROLW, nullptr)) {
-        std::lock_guard lock(g_mutex);
-        auto found = g_titles.find(GetCurrentThreadId());
-        if (found != g_titles.end())
-            PostMessageW(activated, PSM_SETTITLEW, 0, reinterpret_cast<LPARAM>(found->second.c_str()));
+void SheetTitle::Hook(int kind, HOOKPROC function) {
+    m_hook = SetWindowsHookExW(kind, function, nullptr, GetCurrentThreadId());
+}
+
+void SheetTitle::Unhook() {
+    if (m_hook)
+        UnhookWindowsHookEx(std::exchange(m_hook, nullptr));
+}
+
+// A message box has no tabs, and another tabbed dialog of the program was there before.
+bool SheetTitle::IsSheet(HWND window) const {
+    return HasClass(window, kDialogClass) && FindWindowExW(window, nullptr, WC_TABCONTROLW, nullptr) &&
+           std::ranges::find(m_others, window) == m_others.end();
+}
+
+// The sheet is activated before it names itself, so its name has to wait until it is complete.
+LRESULT CALLBACK SheetTitle::AwaitSheet(int code, WPARAM window, LPARAM param) {
+    SheetTitle* self = t_waiting;
+    if (code == HCBT_ACTIVATE && self && self->IsSheet(reinterpret_cast<HWND>(window))) {
+        self->m_sheet = reinterpret_cast<HWND>(window);
+        self->Unhook();
+        self->Hook(WH_GETMESSAGE, &AwaitLoop);
     }
     return CallNextHookEx(nullptr, code, window, param);
+}
+
+// The first message that the thread takes: the sheet is complete and in its loop.
+LRESULT CALLBACK SheetTitle::AwaitLoop(int code, WPARAM removed, LPARAM message) {
+    SheetTitle* self = t_waiting;
+    if (code == HC_ACTION && self && self->m_hook) {
+        self->Unhook();
+        t_waiting = nullptr;
+        SendMessageW(self->m_sheet, PSM_SETTITLEW, 0, reinterpret_cast<LPARAM>(self->m_title.c_str()));
+    }
+    return CallNextHookEx(nullptr, code, removed, message);
 }

@@ -14,25 +14,26 @@
 
 namespace {
 
+constexpr char kUnknownFailure[] = "The call fails for an unknown reason.";
+
 template <class Result, class Body>
 Result Guarded(Result failed, Body body) noexcept {
     try {
         ClearReport();
         return body();
     } catch (const std::exception& failure) {
-        try {
-            Report(failure.what());
-        } catch (const std::exception&) {
-            // No memory is left even for the message; the status has to do.
-        }
-        return failed;
+        Report(failure.what());
+    } catch (...) {
+        Report(kUnknownFailure);
     }
+    return failed;
 }
 
 std::atomic<DWORD> g_lastResult{CPSUI_CANCEL};
 
 // A sheet that can't be opened or kept has been cancelled.
-LONG GuardedSheet(PPROPSHEETUI_INFO info, LPARAM param, std::unique_ptr<PluginSheet> (*make)(LPARAM)) {
+LONG GuardedSheet(PPROPSHEETUI_INFO info, LPARAM param,
+                  std::unique_ptr<PluginSheet> (*make)(LPARAM)) noexcept {
     try {
         if (info->Reason == PROPSHEETUI_REASON_INIT) {
             ClearReport();
@@ -44,9 +45,11 @@ LONG GuardedSheet(PPROPSHEETUI_INFO info, LPARAM param, std::unique_ptr<PluginSh
         return answer;
     } catch (const std::exception& failure) {
         Report(failure.what());
-        info->Result = CPSUI_CANCEL;
-        return -1;
+    } catch (...) {
+        Report(kUnknownFailure);
     }
+    info->Result = CPSUI_CANCEL;
+    return -1;
 }
 
 std::unique_ptr<PluginSheet> MakeDocumentSheet(LPARAM lParamInit) {

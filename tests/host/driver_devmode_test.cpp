@@ -40,7 +40,9 @@ DevModeReading Read(const Bytes& bytes, const PrinterModel& model) {
 }
 
 // Of small.ppd.
+constexpr std::size_t kPageRegion = 1;
 constexpr std::size_t kInputSlot = 2;
+constexpr std::size_t kResolution = 4;
 constexpr std::size_t kStapleMode = 5;
 constexpr std::size_t kCustomForm = 4;
 
@@ -127,6 +129,14 @@ TEST(DriverDevMode, KeepsTheKindsOfLandscapeApart) {
     }
 }
 
+// Plug-ins take the row of the orientation item for the value of PageOrientation.
+TEST(DriverDevMode, NumbersOrientationsAsPageOrientationDoes) {
+    EXPECT_EQ(kPortrait, 0);
+    EXPECT_EQ(kLandscape, 1);
+    EXPECT_EQ(kRotatedLandscape, 2);
+    EXPECT_EQ(DefaultSettings(MakeModel()).orientation, 0);
+}
+
 TEST(DriverDevMode, KeepsACustomPageToTheThousandth) {
     PrinterModel model = MakeModel();
     Settings settings = DefaultSettings(model);
@@ -178,8 +188,84 @@ TEST(DriverDevMode, KeepsTheCustomPageWithinItsLimits) {
     Area(bytes).customWidth = -1;
     Area(bytes).customHeight = 0x7FFFFFFF;
     DevModeReading reading = Read(bytes, model);
-    EXPECT_EQ(reading.settings.customWidth, 88999); // 252.28 points
-    EXPECT_EQ(reading.settings.customHeight, 1199998);
+    EXPECT_EQ(reading.settings.customWidth, 89000); // 252.28 points are 88.999 mm
+    EXPECT_EQ(reading.settings.customHeight, 1200000);
+    Area(bytes).customWidth = 0x7FFFFFFF;
+    Area(bytes).customHeight = -1;
+    reading = Read(bytes, model);
+    EXPECT_EQ(reading.settings.customWidth, 320000);
+    EXPECT_EQ(reading.settings.customHeight, 98000);
+}
+
+TEST(DriverDevMode, ReachesEachLimitOfTheCustomPage) {
+    PrinterModel model = MakeModel();
+    Settings settings = DefaultSettings(model);
+    settings.form = kCustomForm;
+    for (auto [width, height] : {std::pair{89000, 98000}, {320000, 1200000}}) {
+        settings.customWidth = width;
+        settings.customHeight = height;
+        EXPECT_EQ(Read(Write(model, settings), model).settings, settings);
+    }
+}
+
+// PostScript knows four orientations of a custom page.
+TEST(DriverDevMode, PassesOverADirectionThatNoCustomPageHas) {
+    PrinterModel model = MakeModel();
+    Bytes bytes = Write(model, DefaultSettings(model));
+    Area(bytes).customDirection = 4;
+    EXPECT_EQ(Read(bytes, model).settings.customDirection, 0);
+    Settings settings = DefaultSettings(model);
+    settings.customDirection = 1;
+    ReadCustomPage(bytes, model, settings);
+    EXPECT_EQ(settings.customDirection, 1);
+}
+
+std::string WithOptions(std::string_view behind, std::string_view options) {
+    std::string text = Description();
+    return text.insert(text.find(behind), options);
+}
+
+TEST(DriverDevMode, TakesAResolutionThatAProgramChangedInOneFigureOnlyForBoth) {
+    PrinterModel model = MakeModel();
+    Bytes bytes = Write(model, DefaultSettings(model));
+    Public(bytes).dmPrintQuality = 1200;
+    EXPECT_EQ(Read(bytes, model).settings.selection[kResolution], 1);
+}
+
+TEST(DriverDevMode, TakesAListedPairOfFiguresAsItStands) {
+    PrinterModel model = MakeModel(
+        Language::English, WithOptions("*Resolution 1200x1200dpi", "*Resolution 1200x600dpi/Fast: \"\"\n"));
+    Bytes bytes = Write(model, DefaultSettings(model));
+    Public(bytes).dmPrintQuality = 1200;
+    EXPECT_EQ(Read(bytes, model).settings.selection[kResolution], 1);
+    Public(bytes).dmYResolution = 1200;
+    EXPECT_EQ(Read(bytes, model).settings.selection[kResolution], 2);
+}
+
+TEST(DriverDevMode, PassesOverAPairOfChangedFiguresThatIsNotListed) {
+    PrinterModel model = MakeModel();
+    Bytes bytes = Write(model, DefaultSettings(model));
+    Public(bytes).dmPrintQuality = 1200;
+    Public(bytes).dmYResolution = 300;
+    EXPECT_EQ(Read(bytes, model).settings.selection[kResolution], 0);
+}
+
+// Both stand at the platform's number of the automatic tray.
+TEST(DriverDevMode, KeepsTwoAutomaticTraysApart) {
+    PrinterModel model =
+        MakeModel(Language::English, WithOptions("*InputSlot Tray1", "*InputSlot Auto/Other: \"\"\n"));
+    Settings settings = DefaultSettings(model);
+    settings.selection[kInputSlot] = 1;
+    Bytes bytes = Write(model, settings);
+    ASSERT_EQ(Public(bytes).dmDefaultSource, 7);
+    EXPECT_EQ(Read(bytes, model).settings, settings);
+}
+
+TEST(DriverDevMode, BringsThePageRegionAlongWithAFormThatAProgramChanged) {
+    PrinterModel model = MakeModel();
+    Bytes bytes = Write(model, DefaultSettings(model));
+    Public(bytes).dmPaperSize = 8;
+    EXPECT_EQ(Read(bytes, model).settings.selection[kPageRegion], 0);
 }
 
 TEST(DriverDevMode, PassesOverPublicFieldsThatAreNotSetOrOutOfRange) {

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstdio>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -321,6 +322,11 @@ TEST_F(DriverhostPlayer, WritesAPictureOfTheSheet) {
 
 TEST_F(DriverhostPlayer, TellsAPictureThatCantBeWritten) {
     EXPECT_EQ(Play(R"(screenshot C:\no\such\folder\x.png)"), "s.txt:1: the picture can't be written");
+}
+
+TEST_F(DriverhostPlayer, TellsWhatIsThrownInsteadOfASheet) {
+    m_open = [] { throw std::runtime_error("no sheet today"); };
+    EXPECT_EQ(Play("page First"), "no sheet today");
 }
 
 } // namespace

@@ -379,4 +379,11 @@ TEST(Ppd, ReadsTheDescriptionOfTheX100) {
     EXPECT_EQ(file.papers.size(), file.features.at(file.FindFeature("PageSize").value()).options.size());
 }
 
+TEST(Ppd, TellsFaultsInAsciiWhateverTheFileHolds) {
+    auto result = ppd::Parse("*PPD-Adobe: \"4.3\"\n*OpenUI *\xE7\x94\xA8: Nothing\n");
+    const auto* error = std::get_if<ppd::PpdError>(&result);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->message, "The feature \"???\" has an unknown type.");
+}
+
 } // namespace

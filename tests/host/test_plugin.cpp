@@ -74,8 +74,9 @@ class TestPlugin final : public IPrintOemUI {
     }
 
     HRESULT STDMETHODCALLTYPE GetInfo(DWORD mode, PVOID buffer, DWORD size, PDWORD needed) override {
-        Check(mode == OEMGI_GETSIGNATURE && size == sizeof(DWORD) && needed, "GetInfo");
-        *static_cast<DWORD*>(buffer) = kTestSignature;
+        Check((mode == OEMGI_GETSIGNATURE || mode == OEMGI_GETVERSION) && size == sizeof(DWORD) && needed,
+              "GetInfo");
+        *static_cast<DWORD*>(buffer) = mode == OEMGI_GETSIGNATURE ? kTestSignature : kTestVersion;
         *needed = sizeof(DWORD);
         return S_OK;
     }
@@ -95,10 +96,12 @@ class TestPlugin final : public IPrintOemUI {
         Check(param->cbBufSize == sizeof(TestBlock), "cbBufSize");
         Check(reinterpret_cast<BYTE*>(out + 1) == whole + end, "block at the end");
         if (mode == OEMDM_DEFAULT) {
-            out->header = {sizeof(TestBlock), kTestSignature, 1};
+            out->header = {sizeof(TestBlock), kTestSignature, kTestVersion};
             out->value = 7;
         } else {
             Check(param->pPublicDMIn && param->pOEMDMIn, "in");
+            if (FAILED(g_hooks.takeStatus))
+                return g_hooks.takeStatus;
             out->value = static_cast<const TestBlock*>(param->pOEMDMIn)->value;
             out->takenBy = mode;
         }

@@ -13,12 +13,14 @@ struct TestBlock {
 };
 static_assert(sizeof(TestBlock) == 4100);
 inline constexpr DWORD kTestSignature = 0x54534554;
+inline constexpr DWORD kTestVersion = 1;
 
 // How its exports are named; they reach into the instance that the driver has loaded.
 //   const char* TestPluginCalls()        what it was asked so far, one blank after each call
 //   TestPluginHooks* TestPluginControl() what it is to do
 struct TestPluginHooks {
     HRESULT devModeStatus = S_OK;
+    HRESULT takeStatus = S_OK; // of merging and converting
     DWORD blockSize = sizeof(TestBlock);
     DWORD oemItems = 0;
     HRESULT pagesStatus = S_OK;

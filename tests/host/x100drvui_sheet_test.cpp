@@ -1,10 +1,18 @@
 // The module's exports with a real common property sheet and the test plug-in, without a spooler.
+#include "host/report.h"
 #include "x100drvui_fixture.h"
+
+#include <commctrl.h>
+#include <prsht.h>
 
 #include <algorithm>
 #include <cstring>
 
 namespace {
+
+// They are called where an exception would leave the module.
+static_assert(
+    noexcept(Report("")) && noexcept(Remark("")) && noexcept(ClearReport()) && noexcept(LastReport()));
 
 class DocumentSheetTest : public X100DrvUiTest {};
 
@@ -72,7 +80,7 @@ TEST_F(DocumentSheetTest, BringsAChangedItemIntoTheDevMode) {
 TEST_F(DocumentSheetTest, BringsPublicItemsIntoThePublicFields) {
     auto out = Default();
     m_hooks->onApply = [](OEMCUIPPARAM* param, IPrintOemDriverUI*) {
-        FindPublic(param, DMPUB_ORIENTATION)->Sel = 2;
+        FindPublic(param, DMPUB_ORIENTATION)->Sel = 1;
         FindPublic(param, DMPUB_SCALE)->Sel = 70;
         FindPublic(param, DMPUB_COPIES_COLLATE)->Sel = 12;
         FindPublic(param, DMPUB_COPIES_COLLATE)->Flags &= ~OPTIF_ECB_CHECKED;
@@ -102,14 +110,14 @@ TEST_F(DocumentSheetTest, OpensAgainWithWhatWasStored) {
     auto out = Default();
     m_hooks->onApply = [](OEMCUIPPARAM* param, IPrintOemDriverUI*) {
         FindItem(param, "StapleMode")->Sel = 1;
-        FindPublic(param, DMPUB_ORIENTATION)->Sel = 0;
+        FindPublic(param, DMPUB_ORIENTATION)->Sel = 2;
         static_cast<TestBlock*>(param->pOEMDM)->value = 99;
     };
     ASSERT_EQ(OpenSheet(nullptr, out), static_cast<DWORD>(CPSUI_OK));
     m_hooks->onApply = nullptr;
     m_hooks->onItems = [](OEMCUIPPARAM* param, IPrintOemDriverUI*) {
         EXPECT_EQ(FindItem(param, "StapleMode")->Sel, 1);
-        EXPECT_EQ(FindPublic(param, DMPUB_ORIENTATION)->Sel, 0);
+        EXPECT_EQ(FindPublic(param, DMPUB_ORIENTATION)->Sel, 2);
         EXPECT_EQ(static_cast<TestBlock*>(param->pOEMDM)->value, 99u);
     };
     auto again = Default();
@@ -128,12 +136,142 @@ TEST_F(DocumentSheetTest, MergesABlockOfThePluginsSizeAndConvertsAnother) {
     EXPECT_EQ(Block(out).takenBy, OEMDM_MERGE);
 
     // The same settings with the block of a plug-in that had a smaller one.
+    Block(in).header.dwSize -= 8;
     in.resize(in.size() - 8);
     Public(in).dmDriverExtra -= 8;
     Area(in).pluginSize -= 8;
     ASSERT_EQ(DocumentFunction()(nullptr, reinterpret_cast<LPARAM>(&header)), IDOK);
     EXPECT_EQ(Block(out).value, 5u);
     EXPECT_EQ(Block(out).takenBy, OEMDM_CONVERT);
+}
+
+TEST_F(DocumentSheetTest, ConvertsABlockOfAnotherVersion) {
+    auto in = Default();
+    Block(in).value = 5;
+    ++Block(in).header.dwVersion;
+    auto out = Default();
+    DOCUMENTPROPERTYHEADER header = Header(DM_IN_BUFFER | DM_OUT_BUFFER, &in, &out);
+    ASSERT_EQ(DocumentFunction()(nullptr, reinterpret_cast<LPARAM>(&header)), IDOK);
+    EXPECT_EQ(Block(out).value, 5u);
+    EXPECT_EQ(Block(out).takenBy, OEMDM_CONVERT);
+}
+
+TEST_F(DocumentSheetTest, RefusesABlockOfAnotherPlugin) {
+    auto check = Function<PFNX100CHECKDEVMODE>(m_module, "X100CheckDevMode");
+    auto in = Default();
+    Block(in).header.dwSignature ^= 1;
+    auto out = Default();
+    DOCUMENTPROPERTYHEADER header = Header(DM_IN_BUFFER | DM_OUT_BUFFER, &in, &out);
+    EXPECT_EQ(DocumentFunction()(nullptr, reinterpret_cast<LPARAM>(&header)), -1);
+    EXPECT_EQ(Message(), L"The DEVMODE holds the settings of another plug-in.");
+    ForgetCalls();
+    EXPECT_FALSE(check(nullptr, in.data(), static_cast<DWORD>(in.size())));
+    EXPECT_EQ(Message(), L"The DEVMODE holds the settings of another plug-in.");
+}
+
+// Plug-ins read as many bytes of a block as its head tells.
+TEST_F(DocumentSheetTest, RefusesABlockWhoseHeadTellsAnotherLength) {
+    auto in = Default();
+    ++Block(in).header.dwSize;
+    auto out = Default();
+    DOCUMENTPROPERTYHEADER header = Header(DM_IN_BUFFER | DM_OUT_BUFFER, &in, &out);
+    EXPECT_EQ(DocumentFunction()(nullptr, reinterpret_cast<LPARAM>(&header)), -1);
+    EXPECT_EQ(Message(), L"The lengths inside the plug-in's part of the DEVMODE contradict each other.");
+}
+
+TEST_F(DocumentSheetTest, RefusesABlockThatIsShorterThanItsHead) {
+    auto in = Default();
+    in.resize(in.size() - sizeof(TestBlock) + 11);
+    Public(in).dmDriverExtra = static_cast<WORD>(in.size() - kPublicSize);
+    Area(in).pluginSize = 11;
+    auto out = Default();
+    DOCUMENTPROPERTYHEADER header = Header(DM_IN_BUFFER | DM_OUT_BUFFER, &in, &out);
+    EXPECT_EQ(DocumentFunction()(nullptr, reinterpret_cast<LPARAM>(&header)), -1);
+    EXPECT_EQ(Message(), L"The lengths inside the plug-in's part of the DEVMODE contradict each other.");
+}
+
+TEST_F(DocumentSheetTest, FailsOnACallersBlockThatThePluginDoesNotTake) {
+    auto in = Default();
+    auto out = Default();
+    m_hooks->takeStatus = E_FAIL;
+    DOCUMENTPROPERTYHEADER header = Header(DM_IN_BUFFER | DM_OUT_BUFFER, &in, &out);
+    EXPECT_EQ(DocumentFunction()(nullptr, reinterpret_cast<LPARAM>(&header)), -1);
+    EXPECT_EQ(Message(), L"The plug-in fails to take over stored settings, status 0x80004005.");
+}
+
+TEST_F(DocumentSheetTest, GivesPortraitAsTheFirstRowOfTheOrientationItem) {
+    auto out = Default();
+    ASSERT_EQ(Public(out).dmOrientation, DMORIENT_PORTRAIT);
+    m_hooks->onItems = [](OEMCUIPPARAM* param, IPrintOemDriverUI*) {
+        const OPTITEM* item = FindPublic(param, DMPUB_ORIENTATION);
+        EXPECT_EQ(item->Sel, 0);
+        std::vector<std::wstring> rows;
+        for (WORD i = 0; i < item->pOptType->Count; ++i)
+            rows.push_back(reinterpret_cast<wchar_t*>(item->pOptType->pOptParam[i].pData));
+        EXPECT_EQ(rows, (std::vector<std::wstring>{L"たて原稿", L"よこ原稿", L"横置きに回転"}));
+    };
+    OpenSheet(nullptr, out);
+    EXPECT_NE(Calls().find("Items1b"), std::string::npos);
+}
+
+// A dialog of the calling program with tabs, which owns the sheet and counts the titles that it is sent.
+class TabbedOwner {
+  public:
+    TabbedOwner() {
+        INITCOMMONCONTROLSEX controls{sizeof controls, ICC_TAB_CLASSES};
+        InitCommonControlsEx(&controls);
+        s_titles = 0;
+        m_window = CreateWindowExW(0, L"#32770", L"owner", WS_POPUP | WS_VISIBLE | WS_CAPTION, 0, 0, 300, 200,
+                                   nullptr, nullptr, nullptr, nullptr);
+        CreateWindowExW(0, WC_TABCONTROLW, L"", WS_CHILD, 0, 0, 10, 10, m_window, nullptr, nullptr, nullptr);
+        s_former = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Count)));
+    }
+    ~TabbedOwner() { DestroyWindow(m_window); }
+    TabbedOwner(const TabbedOwner&) = delete;
+    TabbedOwner& operator=(const TabbedOwner&) = delete;
+
+    HWND Window() const { return m_window; }
+
+    static int Titles() {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+            DispatchMessageW(&message);
+        return s_titles;
+    }
+
+  private:
+    static LRESULT CALLBACK Count(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        // Not passed on: to a window of another kind it may mean anything.
+        if (message == PSM_SETTITLEW) {
+            ++s_titles;
+            return 0;
+        }
+        return CallWindowProcW(s_former, window, message, wParam, lParam);
+    }
+
+    static inline int s_titles = 0;
+    static inline WNDPROC s_former = nullptr;
+    HWND m_window;
+};
+
+std::wstring g_sheetTitle;
+
+TEST_F(DocumentSheetTest, NamesTheSheetAndNoOtherWindowOfItsThread) {
+    auto out = Default();
+    g_sheetTitle.clear();
+    m_hooks->onApply = [](OEMCUIPPARAM*, IPrintOemDriverUI*) {
+        wchar_t title[128] = {};
+        GetWindowTextW(GetActiveWindow(), title, 128);
+        g_sheetTitle = title;
+    };
+    TabbedOwner owner;
+    DOCUMENTPROPERTYHEADER header = Header(DM_IN_PROMPT | DM_OUT_BUFFER, nullptr, &out);
+    DWORD result = 0;
+    CommonPropertySheetUIW(owner.Window(), DocumentFunction(), reinterpret_cast<LPARAM>(&header), &result);
+    EXPECT_EQ(result, static_cast<DWORD>(CPSUI_OK));
+    EXPECT_EQ(g_sheetTitle, L" 印刷設定");
+    EXPECT_EQ(owner.Titles(), 0);
 }
 
 TEST_F(DocumentSheetTest, ListsFeaturesWithoutAPublicFieldAsTheLastItemsAtLevelTwo) {
@@ -204,7 +342,7 @@ TEST_F(DocumentSheetTest, TakesTheCustomPageFromTheDriversAreaWithinItsLimits) {
     };
     ASSERT_EQ(OpenSheet(nullptr, out), static_cast<DWORD>(CPSUI_OK));
     EXPECT_EQ(Area(out).customWidth, 123456);
-    EXPECT_EQ(Area(out).customHeight, 1199998); // 3401.57 points
+    EXPECT_EQ(Area(out).customHeight, 1200000);
     EXPECT_EQ(Area(out).customDirection, 1);
     EXPECT_EQ(Public(out).dmPaperSize, 0x7FFF);
     EXPECT_EQ(Public(out).dmPaperWidth, 1235);
@@ -329,6 +467,22 @@ TEST_F(DocumentSheetTest, RefusesABufferThatIsTooSmall) {
     DOCUMENTPROPERTYHEADER header = Header(DM_OUT_BUFFER, nullptr, &out);
     EXPECT_EQ(DocumentFunction()(nullptr, reinterpret_cast<LPARAM>(&header)), -1);
     EXPECT_EQ(Message(), L"The caller's buffer is smaller than a whole DEVMODE.");
+}
+
+// The end of the buffer is the end of what may be read.
+TEST_F(DocumentSheetTest, ReadsNothingBehindABufferThatIsTooSmallForASize) {
+    SYSTEM_INFO system{};
+    GetSystemInfo(&system);
+    auto* pages = static_cast<std::byte*>(
+        VirtualAlloc(nullptr, 2 * system.dwPageSize, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE));
+    DWORD before = 0;
+    ASSERT_TRUE(VirtualProtect(pages + system.dwPageSize, system.dwPageSize, PAGE_NOACCESS, &before));
+    DOCUMENTPROPERTYHEADER header = Header(DM_OUT_BUFFER, nullptr, nullptr);
+    header.cbOut = 69;
+    header.pdmOut = reinterpret_cast<PDEVMODEW>(pages + system.dwPageSize - header.cbOut);
+    EXPECT_EQ(DocumentFunction()(nullptr, reinterpret_cast<LPARAM>(&header)), -1);
+    EXPECT_EQ(Message(), L"The caller's buffer is smaller than a whole DEVMODE.");
+    VirtualFree(pages, 0, MEM_RELEASE);
 }
 
 TEST_F(DocumentSheetTest, LaysAHandMadeDevModeOverTheDefaults) {

@@ -1,7 +1,7 @@
 // The module as the spooler's client library loads it: through an installed printer.
+#include "Common/win_handles.h"
 #include "host/driver_devmode.h"
 #include "host/install_printer.h"
-#include "host/owned.h"
 #include "host/x100drvui.h"
 #include "test_plugin.h"
 
@@ -36,17 +36,15 @@ class SpoolerTest : public ::testing::Test {
         std::ofstream(m_folder / "x100test.ini") << "[OEMFiles]\nOEMConfigFile1=test_plugin.dll\n";
         m_installed = InstallPrinter(m_folder.wstring(), kTestPrinter, TestPackage());
         ASSERT_TRUE(m_installed.ok) << std::string(m_installed.message.begin(), m_installed.message.end());
-        HANDLE printer = nullptr;
         std::wstring name = kTestPrinter;
-        ASSERT_TRUE(OpenPrinterW(name.data(), &printer, nullptr));
-        m_printer.reset(printer);
+        ASSERT_TRUE(OpenPrinterW(name.data(), m_printer.Receive(), nullptr));
         m_plugin = LoadLibraryW((m_installed.driverDirectory + L"\\test_plugin.dll").c_str());
         m_hooks = reinterpret_cast<PFNTESTPLUGINCONTROL>(
             reinterpret_cast<void*>(GetProcAddress(m_plugin, "TestPluginControl")))();
     }
 
     void TearDown() override {
-        m_printer.reset();
+        m_printer.Reset();
         FreeLibrary(m_plugin);
         RemovePrinter(kTestPrinter);
         std::error_code error;
@@ -61,7 +59,7 @@ class SpoolerTest : public ::testing::Test {
 
     LONG Properties(DWORD mode, DEVMODEW* out, DEVMODEW* in) {
         std::wstring name = kTestPrinter;
-        return DocumentPropertiesW(nullptr, m_printer.get(), name.data(), out, in, mode);
+        return DocumentPropertiesW(nullptr, m_printer.Get(), name.data(), out, in, mode);
     }
 
     std::vector<std::byte> Default() {
@@ -162,7 +160,7 @@ TEST_F(SpoolerTest, StartsFromTheDevModeThatTheSpoolerKeeps) {
     auto* block = reinterpret_cast<TestBlock*>(devmode.data() + devmode.size() - sizeof(TestBlock));
     block->value = 33;
     PRINTER_INFO_9W info{Public(devmode)};
-    ASSERT_TRUE(SetPrinterW(m_printer.get(), 9, reinterpret_cast<LPBYTE>(&info), 0)) << GetLastError();
+    ASSERT_TRUE(SetPrinterW(m_printer.Get(), 9, reinterpret_cast<LPBYTE>(&info), 0)) << GetLastError();
     auto again = Default();
     EXPECT_EQ(Public(again)->dmCopies, 17);
     EXPECT_EQ(reinterpret_cast<TestBlock*>(again.data() + again.size() - sizeof(TestBlock))->value, 33u);
@@ -173,9 +171,34 @@ TEST_F(SpoolerTest, PassesOverAStoredDevModeThatIsBroken) {
     Public(devmode)->dmCopies = 17;
     reinterpret_cast<DriverArea*>(devmode.data() + kPublicSize)->signature = 0;
     PRINTER_INFO_9W info{Public(devmode)};
-    ASSERT_TRUE(SetPrinterW(m_printer.get(), 9, reinterpret_cast<LPBYTE>(&info), 0));
+    ASSERT_TRUE(SetPrinterW(m_printer.Get(), 9, reinterpret_cast<LPBYTE>(&info), 0));
     auto again = Default();
     EXPECT_EQ(Public(again)->dmCopies, 1);
+}
+
+// Otherwise the printer would be of no use for good: nothing but its driver could store other settings.
+TEST_F(SpoolerTest, PassesOverAStoredDevModeWhoseBlockThePluginDoesNotTake) {
+    auto devmode = Default();
+    Public(devmode)->dmCopies = 17;
+    PRINTER_INFO_9W info{Public(devmode)};
+    ASSERT_TRUE(SetPrinterW(m_printer.Get(), 9, reinterpret_cast<LPBYTE>(&info), 0));
+    m_hooks->takeStatus = E_FAIL;
+    auto again = Default();
+    EXPECT_EQ(Public(again)->dmCopies, 1);
+    EXPECT_EQ(reinterpret_cast<TestBlock*>(again.data() + again.size() - sizeof(TestBlock))->value, 7u);
+}
+
+TEST_F(SpoolerTest, PassesOverAStoredDevModeWithTheBlockOfAnotherPlugin) {
+    auto devmode = Default();
+    Public(devmode)->dmCopies = 17;
+    auto* block = reinterpret_cast<TestBlock*>(devmode.data() + devmode.size() - sizeof(TestBlock));
+    block->header.dwSignature ^= 1;
+    block->value = 33;
+    PRINTER_INFO_9W info{Public(devmode)};
+    ASSERT_TRUE(SetPrinterW(m_printer.Get(), 9, reinterpret_cast<LPBYTE>(&info), 0));
+    auto again = Default();
+    EXPECT_EQ(Public(again)->dmCopies, 1);
+    EXPECT_EQ(reinterpret_cast<TestBlock*>(again.data() + again.size() - sizeof(TestBlock))->value, 7u);
 }
 
 TEST_F(SpoolerTest, AnswersAnsiCallersInSlotsOf64Bytes) {

@@ -506,11 +506,27 @@ TEST(X100Ppd, TakesCustomPagesOf89To320By98To1200Millimetres) {
     EXPECT_EQ(valuesOf("*ParamCustomPageSize Width/"),
               std::vector<std::string>{"Width: 1 points 252.28 907.09"});
     EXPECT_EQ(valuesOf("*ParamCustomPageSize Height/"),
-              std::vector<std::string>{"Height: 2 points 277.80 3401.57"});
+              std::vector<std::string>{"Height: 2 points 277.79 3401.58"});
     EXPECT_EQ(valuesOf("*MaxMediaWidth: "), std::vector<std::string>{"907.09"});
-    EXPECT_EQ(valuesOf("*MaxMediaHeight: "), std::vector<std::string>{"3401.57"});
+    EXPECT_EQ(valuesOf("*MaxMediaHeight: "), std::vector<std::string>{"3401.58"});
     EXPECT_EQ(valuesOf("*VariablePaperSize: "), std::vector<std::string>{"True"});
     EXPECT_EQ(translationOf("CustomPageSize", "True"), utf8(u8"PostScript カスタム ページ サイズ"));
+}
+
+TEST(X100Ppd, ReachesTheLimitsOfCustomPagesInMicrometres) {
+    const auto limits = [](const std::string& parameter, const char* unit) {
+        const std::string value = valuesOf("*ParamCustomPageSize " + parameter + '/').at(0);
+        const std::string numbers = value.substr(value.find(unit) + std::string_view(unit).size());
+        std::size_t end = 0;
+        const double first = std::stod(numbers, &end);
+        return std::pair(first * 25400 / 72, std::stod(numbers.substr(end)) * 25400 / 72);
+    };
+    const auto [minWidth, maxWidth] = limits("Width", "points");
+    EXPECT_LE(minWidth, 89000);
+    EXPECT_GE(maxWidth, 320000);
+    const auto [minHeight, maxHeight] = limits("Height", "points");
+    EXPECT_LE(minHeight, 98000);
+    EXPECT_GE(maxHeight, 1200000);
 }
 
 TEST(X100Ppd, ConstrainsOnlyOptionsThatExist) {

@@ -38,6 +38,15 @@ TEST_F(Sheet, ShowsBothPages) {
     PLAY(L"pages.txt");
 }
 
+TEST_F(Sheet, BeginsInPortrait) {
+    PLAY(L"orientation.txt");
+}
+
+TEST_F(Sheet, StoresSettingsThatWereAcceptedAsTheyAre) {
+    PLAY(L"accept_unchanged.txt");
+    EXPECT_EQ(RunDriverhost({L"--dump"}).status, 0u);
+}
+
 TEST_F(Sheet, KeepsAChosenPrintQualityForTheNextProcess) {
     PLAY(L"choose_quality.txt");
     PLAY(L"quality_is_kept.txt");
