@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 tools/setup.sh
 [ -f build/windows/build.ninja ] || cmake --preset windows >/dev/null
-cmake --build --preset windows --target product
+cmake --build --preset windows --target product >&2
 
 host=build/windows/bin/driverhost.exe
 if [ -n "${DISPLAY:-}" ]; then

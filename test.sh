@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds everything and runs every test: the portable libraries natively under the sanitizers, the product under Wine.
-# Installs what is missing on this machine. Options go to ctest, as in: ./test.sh -R Merge
+# Installs what is missing on this machine. Options go to ctest, as in: ./test.sh -R merge. Natively
+# they see single tests, under Wine whole test programs.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 tools/setup.sh
@@ -12,7 +13,13 @@ build() {
 build native
 build windows
 
-status=0
-ctest --preset native --parallel "$(nproc)" "$@" || status=$?
-tools/with-display.sh tools/with-wine.sh ctest --preset windows "$@" || status=$?
-exit "$status"
+native=0
+ctest --preset native --parallel "$(nproc)" "$@" || native=$?
+wine=0
+tools/with-display.sh tools/with-wine.sh ctest --preset windows "$@" || wine=$?
+
+outcome() {
+    if [ "$1" -eq 0 ]; then echo passed; else echo FAILED; fi
+}
+echo "Native tests: $(outcome "$native"). Tests under Wine: $(outcome "$wine")."
+[ "$native" -eq 0 ] && [ "$wine" -eq 0 ]

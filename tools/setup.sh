@@ -6,11 +6,18 @@ ZR_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 packages=(
     git cmake ninja-build g++ g++-mingw-w64-x86-64-posix googletest libbenchmark-dev
-    wine wine64 xvfb openbox locales fonts-ipafont-gothic cups-client
+    wine64 xvfb openbox locales fonts-ipafont-gothic cups-client
 )
 
 as_root() {
-    if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo -n "$@"; fi
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        echo "setup.sh: not root and no sudo; run as root: $*" >&2
+        exit 1
+    fi
 }
 
 missing=()

@@ -3,10 +3,15 @@
 #   tools/with-display.sh COMMAND [ARGUMENT...]
 set -u
 children=()
+command=
 end_children() {
+    # The command first, as a group, so that its programs end while they still have a display.
+    if [ -n "$command" ]; then
+        kill -TERM -- "-$command" 2>/dev/null && wait "$command"
+    fi
     [ "${#children[@]}" -eq 0 ] || kill "${children[@]}" 2>/dev/null
-    wait 2>/dev/null
-}
+    wait
+} 2>/dev/null
 trap end_children EXIT
 trap 'exit 143' TERM
 trap 'exit 130' INT
@@ -29,11 +34,12 @@ export DISPLAY=":$number"
 openbox >/dev/null 2>&1 9>&- &
 children+=("$!")
 
-# In the background, so that a signal is acted on while the command runs.
+# In the background and a process group of its own, so that a signal is acted on while the command runs.
+set -m
 "$@" <&0 &
 command=$!
-children+=("$command")
+set +m
 wait "$command"
 status=$?
-unset 'children[2]'
+command=
 exit "$status"
