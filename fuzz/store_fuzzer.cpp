@@ -1,6 +1,6 @@
-// Attacks invariants 16 to 18 of docs/security.md: the store is fed with a data setting key's content, with a whole
-// key in another process's hands, and with texts and key names from outside. Whatever comes in, every text slot stays
-// terminated and zero behind its text, and no name outside the store's parents is accepted.
+// Attacks invariants 16 to 18 of docs/security.md: the store is fed with a data setting key's content, with a
+// whole key in another process's hands, and with texts and key names from outside. Whatever comes in, every
+// text slot stays terminated and zero behind its text, and no name outside the store's parents is accepted.
 #include "Common/text.h"
 #include "datamanager/key_names.h"
 #include "datamanager/store.h"

@@ -12,7 +12,7 @@
 
 namespace ppd {
 
-inline constexpr std::size_t kMaxFileSize = 8 * 1024 * 1024;
+inline constexpr std::size_t kMaxFileSize = std::size_t{8} * 1024 * 1024;
 inline constexpr std::size_t kMaxFeatures = 4096;
 inline constexpr std::size_t kMaxOptions = 4096;   // of one feature
 inline constexpr std::size_t kMaxTextLength = 255; // bytes of a translation

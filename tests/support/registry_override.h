@@ -9,8 +9,8 @@ class RegistryOverride {
   public:
     explicit RegistryOverride(HKEY predefined) : m_predefined(predefined) {
         m_path = "Software\\Zephra\\Tests\\Override" + std::to_string(GetCurrentProcessId());
-        RegCreateKeyExA(HKEY_CURRENT_USER, m_path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_ALL_ACCESS,
-                        nullptr, &m_key, nullptr);
+        RegCreateKeyExA(HKEY_CURRENT_USER, m_path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                        KEY_ALL_ACCESS, nullptr, &m_key, nullptr);
         RegOverridePredefKey(m_predefined, m_key);
     }
     ~RegistryOverride() {
@@ -25,7 +25,8 @@ class RegistryOverride {
     // Makes a key below the replaced one.
     void AddKey(const char* path) const {
         HKEY key = nullptr;
-        RegCreateKeyExA(m_key, path, 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_ALL_ACCESS, nullptr, &key, nullptr);
+        RegCreateKeyExA(m_key, path, 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_ALL_ACCESS, nullptr, &key,
+                        nullptr);
         RegCloseKey(key);
     }
     // Makes a key with one text value.
