@@ -27,7 +27,28 @@ HANDLE CreateInheritable(const std::wstring& file) {
 std::wstring TemporaryFile() {
     std::array<wchar_t, MAX_PATH> folder{};
     GetTempPathW(static_cast<DWORD>(folder.size()), folder.data());
-    return std::wstring(folder.data()) + L"sheet-test-" + std::to_wstring(GetCurrentProcessId()) + L".out";
+    // One for each run: a program that an earlier run has started may still hold that run's file.
+    static int run = 0;
+    return std::wstring(folder.data()) + L"sheet-test-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+           std::to_wstring(++run) + L".out";
+}
+
+// Wine now and then refuses a start while the process before is still going down; what is tested is what
+// runs.
+bool Start(std::wstring& line, STARTUPINFOW& startup, PROCESS_INFORMATION& process) {
+    constexpr int kTries = 20;
+    constexpr DWORD kPause = 100; // milliseconds
+    for (int attempt = 1;; ++attempt) {
+        if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
+                           &process))
+            return true;
+        const DWORD error = GetLastError();
+        std::printf("start %d of driverhost.exe failed, error %lu\n", attempt, error);
+        SetLastError(error);
+        if (attempt == kTries)
+            return false;
+        Sleep(kPause);
+    }
 }
 
 } // namespace
@@ -51,11 +72,10 @@ ProgramResult RunDriverhost(const std::vector<std::wstring>& words) {
     PROCESS_INFORMATION process{};
     std::wstring line = CommandLine(words);
     ProgramResult result;
-    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
-                        &process)) {
-        CloseHandle(output);
+    if (!Start(line, startup, process)) {
         result.status = 0xFFFFFFFF;
-        result.output = "driverhost.exe does not start";
+        result.output = "driverhost.exe does not start, error " + std::to_string(GetLastError());
+        CloseHandle(output);
         return result;
     }
     if (WaitForSingleObject(process.hProcess, kLimit) != WAIT_OBJECT_0)
