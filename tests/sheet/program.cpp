@@ -33,8 +33,7 @@ std::wstring TemporaryFile() {
            std::to_wstring(++run) + L".out";
 }
 
-// Wine now and then refuses a start while the process before is still going down; what is tested is what
-// runs.
+// Wine has refused a start once, for a reason that was not found. Each refusal is printed with its error.
 bool Start(std::wstring& line, STARTUPINFOW& startup, PROCESS_INFORMATION& process) {
     constexpr int kTries = 20;
     constexpr DWORD kPause = 100; // milliseconds
