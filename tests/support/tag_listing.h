@@ -1,0 +1,47 @@
+// The listings of interchange tags in tests/data.
+#pragma once
+
+#include <cstdint>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+struct ListedTagArray {
+    int number;
+    std::string name;
+    std::string state; // "settled" or "provisional"
+    std::vector<std::int32_t> tags;
+};
+
+// The arrays of the numbers that have one of their own; all others have the tags 0 and 1.
+inline std::vector<ListedTagArray> ListedTagArrays() {
+    std::ifstream file(ZR_TEST_DATA_DIR "/tag_arrays.tsv");
+    std::string line;
+    std::getline(file, line); // the columns' names
+    std::vector<ListedTagArray> arrays;
+    while (std::getline(file, line)) {
+        std::istringstream fields(line);
+        ListedTagArray& array = arrays.emplace_back();
+        fields >> array.number >> array.name >> array.state;
+        for (std::int32_t tag; fields >> tag;)
+            array.tags.push_back(tag);
+    }
+    return arrays;
+}
+
+struct ListedTag {
+    int row;
+    std::string key;
+    std::string longName;
+};
+
+inline std::vector<ListedTag> ListedTags() {
+    std::ifstream file(ZR_TEST_DATA_DIR "/tagtable.tsv");
+    std::string line;
+    std::getline(file, line);
+    std::vector<ListedTag> tags;
+    for (ListedTag tag; file >> tag.row >> tag.key >> tag.longName;)
+        tags.push_back(tag);
+    return tags;
+}
