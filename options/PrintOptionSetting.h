@@ -7,19 +7,22 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // The items beyond the keyword table that have a label or a list. KeywordIds and these numbers form one
 // range.
 namespace option_item {
 enum OptionItem : int {
     KW_MEDIATYPEWEIGHT2 = 336,
-    SamplePrint = 554,
+    SamplePrintMode = 554,
+    StapleFreeBinding = 562,
     BasicGroup = 564,
     TrayAndOutputGroup = 565,
     BypassGroup = 566,
     AutoTrayPaperGroup = 567,
     JobName = 579,
-    JobNameChoice = 580,
+    JobNameGroup = 580,
+    JobNameChoice = 581,
     Favorites = 583,
     MediaDialogPaperType = 584,
     MediaDialogWeight = 585,
@@ -35,7 +38,7 @@ enum OptionItem : int {
 } // namespace option_item
 
 // The label of an item, with its accelerator: 1 and the text, cut to `bufferSize` bytes, or 0 and a
-// zero-filled buffer for an item that has none.
+// zero-filled buffer for an item that has none. A null buffer receives nothing.
 int GetPrintOptionString(const int* key, char* buffer, std::size_t bufferSize);
 
 // Fills `result` with the text of a short tag and returns it; an unknown tag leaves it empty.
@@ -43,9 +46,31 @@ std::string& LookupOptionTag(std::string& result, std::string_view tag);
 
 // Asks about the options of an item; an item without a list gives 0.
 //   buffer null: *index receives the number of options, the result is 1.
-//   else:        buffer receives the text of option *index, cut to `bufferSize` bytes, and the result is 1;
-//   it is 0, and
-//                the buffer is left alone, if the list ends before that option.
+//   else:        buffer receives the text of option *index, cut to `bufferSize` bytes, and the result is 1.
+//                If the list ends before that option, the buffer is left alone and the result is 0.
 // A list ends at its text "(サイズ混在)" as seen from any higher index: such an index gets that text. Copies
 // and Scale have no list but any number for an option, and answer 0 to a null buffer.
 int GetPrintOptionStringList(const int* key, char* buffer, std::size_t bufferSize, int* index);
+
+namespace UICommon {
+
+// The label of an item without its accelerator; else as GetPrintOptionString.
+int GetKeywordTranslation(int keyword, char* buffer, std::size_t size);
+
+// The text of one option; the result is that of GetPrintOptionStringList.
+int GetKeywordOptionString(int keyword, char* buffer, std::size_t size, int value);
+
+// GetStringList_<list>(texts) appends the texts of a list in index order, each whole and with its accelerator
+// if it has one. There is one such function for each list of options/option_lists.def; items that share a
+// list share the function.
+#define ZR_TEXT_LIST(item, ...) void GetStringList_##item(std::vector<std::string>& texts);
+#define ZR_VALUE_LIST(item, ...) void GetStringList_##item(std::vector<std::string>& texts);
+#define ZR_EMPTY_LIST(item) void GetStringList_##item(std::vector<std::string>& texts);
+#define ZR_SAME_LIST(item, list)
+#include "options/option_lists.def"
+#undef ZR_TEXT_LIST
+#undef ZR_VALUE_LIST
+#undef ZR_EMPTY_LIST
+#undef ZR_SAME_LIST
+
+} // namespace UICommon

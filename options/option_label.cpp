@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstring>
-#include <iterator>
+#include <optional>
+#include <span>
 
 namespace {
 
@@ -69,6 +69,29 @@ const Label* FindLabel(int item) {
     return position ? &kLabels[position - 1u] : nullptr;
 }
 
+// The whole label with its accelerator.
+std::optional<std::string> LabelText(int item) {
+    const Label* label = FindLabel(item);
+    if (!label)
+        return std::nullopt;
+    std::string text;
+    if (label->text)
+        text = LoadText(label->text);
+    else
+        LookupOptionTag(text, label->tag);
+    return text.append(label->suffix);
+}
+
+// Answers a caller that asked for a label.
+int GiveLabel(const std::optional<std::string>& label, char* buffer, std::size_t size) {
+    const std::span<char> field(buffer, buffer ? size : 0);
+    if (label)
+        CopyText(field, *label);
+    else
+        std::ranges::fill(field, '\0');
+    return label ? 1 : 0;
+}
+
 } // namespace
 
 std::string& LookupOptionTag(std::string& result, std::string_view tag) {
@@ -80,17 +103,15 @@ std::string& LookupOptionTag(std::string& result, std::string_view tag) {
 }
 
 int GetPrintOptionString(const int* key, char* buffer, std::size_t bufferSize) {
-    const Label* label = FindLabel(*key);
-    if (!label) {
-        std::memset(buffer, 0, bufferSize);
-        return 0;
-    }
-    std::string text;
-    if (label->text)
-        text = LoadText(label->text);
-    else
-        LookupOptionTag(text, label->tag);
-    text += label->suffix;
-    CopyText({buffer, bufferSize}, text);
-    return 1;
+    return GiveLabel(LabelText(*key), buffer, bufferSize);
+}
+
+int UICommon::GetKeywordTranslation(int keyword, char* buffer, std::size_t size) {
+    std::optional<std::string> label = LabelText(keyword);
+    // "(&" and the two characters behind it; no other form of accelerator is known. It goes before the text
+    // is cut, so that no half of it stays.
+    if (const std::size_t accelerator = label ? label->find("(&") : std::string::npos;
+        accelerator != std::string::npos)
+        label->erase(accelerator, 4);
+    return GiveLabel(label, buffer, size);
 }

@@ -6,77 +6,123 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <iterator>
 #include <limits>
+#include <span>
 
 namespace {
 
-enum class RowKind { List, SameList, Option };
-
-struct Row {
-    RowKind kind;
-    unsigned number; // the item, or the string number of the option's text
+struct ValueText {
+    std::string_view item;
+    int value;
+    unsigned text; // string number
 };
 
-constexpr auto kRows = [] {
-    using namespace keyword;
-    using namespace option_item;
-    return std::array{
-#define ZR_LIST(item) Row{RowKind::List, item},
-#define ZR_SAME_LIST(item) Row{RowKind::SameList, item},
-#define ZR_TEXT_OPTION(text) Row{RowKind::Option, text},
-#define ZR_VALUE_OPTION(value, text) Row{RowKind::Option, text},
-#include "options/option_lists.def"
-#undef ZR_LIST
-#undef ZR_SAME_LIST
-#undef ZR_TEXT_OPTION
-#undef ZR_VALUE_OPTION
-    };
-}();
+constexpr ValueText kValueTexts[]{
+#define ZR_VALUE_TEXT(item, value, text) {#item, value, text},
+#include "options/option_texts.def"
+#undef ZR_VALUE_TEXT
+};
 
-constexpr auto CountRows(RowKind kind) {
-    return static_cast<std::size_t>(std::ranges::count(kRows, kind, &Row::kind));
+// Evaluated by the compiler only, where reaching the `throw` is an error.
+constexpr unsigned TextOfValue(std::string_view item, int value) {
+    const ValueText* found = nullptr;
+    for (const ValueText& row : kValueTexts) {
+        if (row.value != value || row.item != item)
+            continue;
+        if (found)
+            throw "the value has two texts";
+        found = &row;
+    }
+    if (!found)
+        throw "option_texts.def lacks the value";
+    return found->text;
 }
+
+struct Option {
+    // Implicit, so that a row of the table is a plain number where there is no suffix.
+    constexpr Option(unsigned textNumber = 0, const char* accelerator = "")
+        : text(textNumber), suffix(accelerator) {}
+
+    unsigned text; // string number
+    const char* suffix;
+};
+
+template <std::size_t Count>
+constexpr auto OptionsOfValues(std::string_view item, const int (&values)[Count]) {
+    std::array<Option, Count> options;
+    std::ranges::transform(values, options.begin(), [&](int value) { return TextOfValue(item, value); });
+    return options;
+}
+
+namespace options_of {
+#define ZR_TEXT_LIST(item, ...) constexpr Option item[]{__VA_ARGS__};
+#define ZR_VALUE_LIST(item, ...) constexpr auto item = OptionsOfValues(#item, {__VA_ARGS__});
+#define ZR_EMPTY_LIST(item) constexpr std::array<Option, 0> item;
+#define ZR_SAME_LIST(item, list)
+#include "options/option_lists.def"
+#undef ZR_TEXT_LIST
+#undef ZR_VALUE_LIST
+#undef ZR_EMPTY_LIST
+#undef ZR_SAME_LIST
+} // namespace options_of
+
+using Options = std::span<const Option>;
 
 constexpr int kNever = std::numeric_limits<int>::max();
 
 struct List {
-    std::uint16_t first; // in Lists::texts
-    std::uint16_t count;
-    int stop; // the first option whose text is "(サイズ混在)"; the options behind it are out of reach
-};
-
-struct Lists {
-    std::array<unsigned, CountRows(RowKind::Option)> texts{};
-    std::array<List, CountRows(RowKind::List)> lists{};
-    std::array<std::uint8_t, option_item::Limit> listOfItem{}; // position in `lists` plus 1, 0 for none
-};
-
-constexpr Lists kLists = [] {
-    Lists result;
-    std::size_t textCount = 0;
-    std::uint8_t listCount = 0;
-    for (const Row& row : kRows) {
-        if (row.kind == RowKind::List)
-            result.lists[listCount++] = {static_cast<std::uint16_t>(textCount), 0, kNever};
-        if (row.kind != RowKind::Option) {
-            result.listOfItem[row.number] = listCount;
-            continue;
-        }
-        List& list = result.lists[listCount - 1u];
-        // Equal texts have equal numbers, so the text itself need not be compared.
-        if (row.number == IDS_MIXED_SIZES)
-            list.stop = std::min<int>(list.stop, list.count);
-        ++list.count;
-        result.texts[textCount++] = row.number;
+    constexpr List(int listItem, Options listOptions) : item(listItem), options(listOptions) {
+        // Only one string has that text, so the text itself need not be compared.
+        const auto mixed = std::ranges::find(options, unsigned{IDS_MIXED_SIZES}, &Option::text);
+        if (mixed != options.end())
+            stop = static_cast<int>(mixed - options.begin());
     }
-    return result;
+
+    int Count() const { return static_cast<int>(options.size()); }
+
+    int item;
+    Options options;
+    int stop = kNever; // the first option whose text is "(サイズ混在)"; those behind it are out of reach
+};
+
+constexpr auto kLists = [] {
+    using namespace keyword;
+    using namespace option_item;
+    return std::array{
+#define ZR_TEXT_LIST(item, ...) List(item, options_of::item),
+#define ZR_VALUE_LIST(item, ...) List(item, options_of::item),
+#define ZR_EMPTY_LIST(item) List(item, options_of::item),
+#define ZR_SAME_LIST(item, list) List(item, options_of::list),
+#include "options/option_lists.def"
+#undef ZR_TEXT_LIST
+#undef ZR_VALUE_LIST
+#undef ZR_EMPTY_LIST
+#undef ZR_SAME_LIST
+    };
+}();
+
+// Position in kLists plus 1 by item, 0 for an item without a list.
+constexpr auto kListOfItem = [] {
+    std::array<std::uint8_t, option_item::Limit> index{};
+    for (std::size_t i = 0; i < kLists.size(); ++i) {
+        std::uint8_t& position = index[static_cast<std::size_t>(kLists[i].item)];
+        if (position)
+            throw "an item has two lists";
+        position = static_cast<std::uint8_t>(i + 1);
+    }
+    return index;
 }();
 
 const List* FindList(int item) {
     if (item < 0 || item >= option_item::Limit)
         return nullptr;
-    const std::uint8_t position = kLists.listOfItem[static_cast<std::size_t>(item)];
-    return position ? &kLists.lists[position - 1u] : nullptr;
+    const std::uint8_t position = kListOfItem[static_cast<std::size_t>(item)];
+    return position ? &kLists[position - 1u] : nullptr;
+}
+
+std::string TextOf(const Option& option) {
+    return LoadText(option.text).append(option.suffix);
 }
 
 // The number itself is the text of the option.
@@ -85,6 +131,10 @@ int NumberText(int number, std::string_view unit, char* buffer, std::size_t buff
         return 0;
     CopyText({buffer, bufferSize}, std::to_string(number).append(unit));
     return 1;
+}
+
+void AppendTexts(Options options, std::vector<std::string>& texts) {
+    std::ranges::transform(options, std::back_inserter(texts), TextOf);
 }
 
 } // namespace
@@ -99,12 +149,29 @@ int GetPrintOptionStringList(const int* key, char* buffer, std::size_t bufferSiz
     if (!list)
         return 0;
     if (!buffer) {
-        *index = list->count;
+        *index = list->Count();
         return 1;
     }
     const int option = *index < 0 ? list->stop : std::min(*index, list->stop);
-    if (option >= list->count)
+    if (option >= list->Count())
         return 0;
-    LoadText(kLists.texts[list->first + static_cast<std::size_t>(option)], {buffer, bufferSize});
+    CopyText({buffer, bufferSize}, TextOf(list->options[static_cast<std::size_t>(option)]));
     return 1;
 }
+
+int UICommon::GetKeywordOptionString(int keyword, char* buffer, std::size_t size, int value) {
+    return GetPrintOptionStringList(&keyword, buffer, size, &value);
+}
+
+#define ZR_TEXT_LIST(item, ...)                                                                              \
+    void UICommon::GetStringList_##item(std::vector<std::string>& texts) {                                   \
+        AppendTexts(options_of::item, texts);                                                                \
+    }
+#define ZR_VALUE_LIST(item, ...) ZR_TEXT_LIST(item)
+#define ZR_EMPTY_LIST(item) ZR_TEXT_LIST(item)
+#define ZR_SAME_LIST(item, list)
+#include "options/option_lists.def"
+#undef ZR_TEXT_LIST
+#undef ZR_VALUE_LIST
+#undef ZR_EMPTY_LIST
+#undef ZR_SAME_LIST

@@ -1,3 +1,4 @@
+#include "Common/strings.h"
 #include "options/PrintOptionSetting.h"
 
 #include <gtest/gtest.h>
@@ -5,7 +6,9 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <set>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -153,6 +156,104 @@ TEST(GetPrintOptionString, CutsALabelThatDoesNotFit) {
     EXPECT_EQ(GetPrintOptionString(&item, buffer.data(), 8), 1);
     EXPECT_STREQ(buffer.data(), "印刷品");
     EXPECT_EQ(buffer[8], 'x');
+}
+
+TEST(GetPrintOptionString, CutsOnACharacterBoundary) {
+    std::array<char, 12> buffer;
+    buffer.fill('x');
+    const int item = 305;
+    EXPECT_EQ(GetPrintOptionString(&item, buffer.data(), 4), 1);
+    EXPECT_STREQ(buffer.data(), "印");
+    EXPECT_EQ(buffer[4], 'x');
+}
+
+TEST(GetPrintOptionString, WritesNoMoreThanABufferOf0Or1BytesHolds) {
+    for (int item : {305, 113}) {
+        std::array<char, 2> buffer{'x', 'x'};
+        EXPECT_EQ(GetPrintOptionString(&item, buffer.data(), 0), item == 305) << item;
+        EXPECT_EQ(buffer[0], 'x') << item;
+        EXPECT_EQ(GetPrintOptionString(&item, buffer.data(), 1), item == 305) << item;
+        EXPECT_EQ(buffer[0], '\0') << item;
+        EXPECT_EQ(buffer[1], 'x') << item;
+    }
+}
+
+TEST(GetPrintOptionString, WritesNothingWithoutABuffer) {
+    for (int item : {305, 113}) {
+        EXPECT_EQ(GetPrintOptionString(&item, nullptr, 0), item == 305) << item;
+        EXPECT_EQ(GetPrintOptionString(&item, nullptr, 64), item == 305) << item;
+    }
+}
+
+TEST(GetPrintOptionString, FitsEveryLabelInto64Bytes) {
+    for (const auto& [item, label] : kLabels)
+        EXPECT_LT(label.size(), 64u) << item;
+}
+
+TEST(GetPrintOptionString, TellsNoAcceleratorOfTheStandardPageTwice) {
+    std::vector<std::string> captions;
+    for (int item : {0, 1, 2, 3, 4, 12, 13, 14, 104, 106, 108, 109, 110, 111, 112, 114, 138, 583})
+        captions.push_back(LabelOf(item).text);
+    for (unsigned button : {15000, 15001, 15002, 15003, 15004, 15005, 15006, 15007, 15008, 15022})
+        captions.push_back(LoadText(button));
+
+    std::set<char> accelerators{'A'}; // the sheet's own button that applies
+    for (const std::string& caption : captions) {
+        const std::size_t mark = caption.find("(&");
+        if (mark != std::string::npos) {
+            EXPECT_TRUE(accelerators.insert(caption[mark + 2]).second) << caption;
+        }
+    }
+    EXPECT_EQ(accelerators.size(), 25u);
+}
+
+// The label without its accelerator, "?" in front if the result is 0.
+std::string TranslationOf(int item, std::size_t size = 64) {
+    std::array<char, 64> buffer;
+    buffer.fill('x');
+    const int result = UICommon::GetKeywordTranslation(item, buffer.data(), size);
+    return (result ? "" : "?") + std::string(buffer.data());
+}
+
+TEST(GetKeywordTranslation, GivesEveryLabelWithoutItsAccelerator) {
+    for (const auto& [item, label] : kLabels)
+        EXPECT_EQ(TranslationOf(item), label.substr(0, label.find("(&"))) << item;
+}
+
+TEST(GetKeywordTranslation, DropsTheAcceleratorOfTray) {
+    EXPECT_EQ(TranslationOf(4), "用紙トレイ");
+}
+
+TEST(GetKeywordTranslation, LeavesTheLabelOfFoldAsItIs) {
+    EXPECT_EQ(TranslationOf(114), "紙折り");
+}
+
+TEST(GetKeywordTranslation, KeepsABracketThatIsNoAccelerator) {
+    EXPECT_EQ(TranslationOf(109), "ソートする(一部ごと)");
+}
+
+TEST(GetKeywordTranslation, ZeroFillsTheBufferForAnItemWithoutALabel) {
+    for (int item : {16, 113, 301, 582, -1, 593, 0x7FFFFFFF}) {
+        std::array<char, 64> buffer;
+        buffer.fill('x');
+        EXPECT_EQ(UICommon::GetKeywordTranslation(item, buffer.data(), buffer.size()), 0) << item;
+        EXPECT_EQ(std::ranges::count(buffer, '\0'), 64) << item;
+    }
+}
+
+TEST(GetKeywordTranslation, LeavesNoHalfOfAnAcceleratorInASmallBuffer) {
+    for (std::size_t size : {11, 12, 13, 14, 15})
+        EXPECT_EQ(TranslationOf(4, size), "用紙トレイ") << size;
+    EXPECT_EQ(TranslationOf(4, 10), "用紙トレ");
+    EXPECT_EQ(TranslationOf(4, 1), "");
+}
+
+TEST(GetKeywordTranslation, WritesNothingIntoNoBuffer) {
+    std::array<char, 1> buffer{'x'};
+    EXPECT_EQ(UICommon::GetKeywordTranslation(4, buffer.data(), 0), 1);
+    EXPECT_EQ(buffer[0], 'x');
+    EXPECT_EQ(UICommon::GetKeywordTranslation(4, nullptr, 0), 1);
+    EXPECT_EQ(UICommon::GetKeywordTranslation(113, nullptr, 64), 0);
 }
 
 TEST(LookupOptionTag, GivesTheTextOfEveryTag) {
