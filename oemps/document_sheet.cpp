@@ -1,8 +1,9 @@
 #include "oemps/document_sheet.h"
 
+#include "Common/ProfileInfo.h"
 #include "Common/log.h"
 #include "Common/strings.h"
-#include "oemps/device_profile.h"
+#include "oemps/com_guard.h"
 #include "oemps/dotnet.h"
 #include "oemps/property_sheet.h"
 #include "oemps/setting_manager_end.h"
@@ -79,6 +80,15 @@ void HideAll(std::span<OPTITEM> items) {
         item.Flags |= OPTIF_HIDE;
 }
 
+// The sheet's pages are added by now, so a profile that can't be read must not end the sheet's start.
+void ReadDeviceProfile(SessionBlock& block) {
+    ExportedFunc_GetProfile(block.Profile);
+    ComGuard(__func__, [&] {
+        ProcessProfile()->UpdateProfile(block.Profile);
+        return S_OK;
+    });
+}
+
 // The pages exist before the block is complete; they get their first message after the callback has returned.
 void AddPages(PROPSHEETUI_INFO& info, IPrintOemDriverUI* helper) {
     RegisterPageControls();
@@ -96,8 +106,7 @@ void AddPages(PROPSHEETUI_INFO& info, IPrintOemDriverUI* helper) {
     block.hResultPage = reinterpret_cast<HANDLE>(second);
     g_SheetThread = GetCurrentThreadId();
 
-    ExportedFunc_GetProfile(block.Profile);
-    UpdateDeviceProfile(block.Profile);
+    ReadDeviceProfile(block);
 
     ++g_SheetCount;
     info.Result = second;

@@ -1,12 +1,17 @@
 #include "pages/pspage.h"
 
+#include "Common/ProfileInfo.h"
+#include "Common/data_directories.h"
 #include "Common/log.h"
+#include "Common/text.h"
 #include "session/datamanager.h"
 #include "session/session.h"
 
 #include <exception>
 
 namespace {
+
+CProfileInfo processProfile;
 
 constexpr UINT kFirstUserMessage = WM_USER + 100;
 constexpr UINT kLastUserMessage = WM_USER + 200;
@@ -33,7 +38,7 @@ bool IsLiveSession(const SessionBlock* session) {
 }
 
 CProfileInfo* ProcessProfile() {
-    return nullptr;
+    return &processProfile;
 }
 
 int CPSPageDlg::DlgProc(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -115,6 +120,12 @@ int CPSPageDlg::OnDefault() {
     Initialize(Session(), 1);
     InvalidateRect(m_hwnd, nullptr, FALSE);
     return 1;
+}
+
+int CPSPageDlg::GetDriverResourcePath(PathBuffer& path) {
+    std::array<char, 260> serverAddress{};
+    ExportedFunc_GetServerAddress(serverAddress.data());
+    return GetDeviceDataDirectory(path, FieldText(serverAddress));
 }
 
 SessionBlock* CPSPageDlg::Session() const {

@@ -5,6 +5,8 @@
 // member.
 #pragma once
 
+#include "Common/platform_files.h"
+
 #include <windows.h>
 
 #include <commctrl.h>
@@ -22,7 +24,7 @@ struct SessionBlock;
 // True for the session of the sheet that is open. A page that outlives its session does nothing.
 bool IsLiveSession(const SessionBlock* session);
 
-// The process-wide device profile; null until the reading of profiles stands behind it.
+// The process-wide device profile, made when the module is loaded and ended with it.
 CProfileInfo* ProcessProfile();
 
 class CPSPageDlg {
@@ -82,6 +84,10 @@ class CPSPageDlg {
     // 1 if the row that was just selected may stay. Else the row of the current value is back and the result
     // is 0; the caller then posts itself the control's CBN_SELCHANGE again.
     int IsSelectableOption(int controlId, int keyword, SessionBlock* session);
+
+    // Writes the directory of the device's data files, for the print server address in the store. 0 if it
+    // can't be had, else 1.
+    static int GetDriverResourcePath(PathBuffer& path);
 
     HWND m_hwnd;
     CProfileInfo* profile; // not owned

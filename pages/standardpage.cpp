@@ -1,5 +1,6 @@
 #include "pages/standardpage.h"
 
+#include "Common/ProfileInfo.h"
 #include "Common/log.h"
 #include "session/datamanager.h"
 #include "session/session.h"
@@ -10,7 +11,15 @@ INT_PTR CALLBACK StandardPageProc(HWND dialog, UINT message, WPARAM wParam, LPAR
 
 int CStandardPageDlg::Initialize(SessionBlock*, int) {
     ZR_LOG_ENTRY();
+    LoadDeviceDataFiles();
     return 1;
+}
+
+void CStandardPageDlg::LoadDeviceDataFiles() {
+    ZR_LOG_ENTRY();
+    PathBuffer directory{};
+    if (profile && GetDriverResourcePath(directory))
+        profile->LoadDeviceDataFiles(directory.data());
 }
 
 int CStandardPageDlg::OnCommand(WORD, WORD, HWND) {

@@ -15,4 +15,8 @@ class CStandardPageDlg : public CPSPageDlg {
     int OnNotify_killActive() override;
     int Initialize(SessionBlock* session, int useDefault) override;
     int OnDrawItem(int controlId, const DRAWITEMSTRUCT* item) override;
+
+  private:
+    // Brings the profile's records up to the data files of the print server.
+    void LoadDeviceDataFiles();
 };

@@ -1,13 +1,16 @@
 // The document sheet's start and end, with a common property sheet of the test's own behind it.
 #include "oemps/document_sheet.h"
 
+#include "Common/ProfileInfo.h"
 #include "oemps/devmode.h"
 #include "oemps/module.h"
 #include "oemps/sheet_state.h"
+#include "pages/pspage.h"
 #include "session/datamanager.h"
 #include "session/session.h"
 #include "tests/support/message_box.h"
 #include "tests/support/registry_override.h"
+#include "tests/support/traces.h"
 
 #include <gtest/gtest.h>
 
@@ -190,6 +193,44 @@ TEST_F(DocumentSheet, AddsTheTwoPagesAndGivesTheSecondAsResult) {
     EXPECT_EQ(g_SessionBlock->pfnComPropSheet, ComPropSheet);
     EXPECT_EQ(g_SessionBlock->poemuiobj, reinterpret_cast<POEMUIOBJ>(0x77));
     EXPECT_STREQ(g_SessionBlock->Profile, "office.cps");
+}
+
+TEST_F(DocumentSheet, ReadsTheDeviceProfileThatTheStoreNames) {
+    Traces traces;
+    const std::string directory = traces.MakeDirectories(
+        FolderPath(CSIDL_COMMON_DOCUMENTS), {"Zephra", "KP Controller", "Orvane X100", "profile"});
+    traces.Write(directory + "\\second office.cps", "HasOption_InputSlot=Tray2\r\n");
+    std::strcpy(driver.record.Profile, "second office");
+    Open();
+    EXPECT_STREQ(g_SessionBlock->Profile, "second office");
+    const CProfileInfo& profile = *ProcessProfile();
+    for (std::size_t slot = 0; slot < profile.m_Item.size(); ++slot)
+        EXPECT_EQ(profile.m_Item[slot].exists, slot == 1 ? 1 : 0) << slot;
+}
+
+TEST_F(DocumentSheet, TakesADeviceWithoutAProfileFileForFullyFitted) {
+    std::strcpy(driver.record.Profile, "missing");
+    Open();
+    for (const ProfileItem& item : ProcessProfile()->m_Item)
+        EXPECT_EQ(item.exists, 1);
+}
+
+TEST_F(DocumentSheet, OpensWhateverTheProfilesNameAndContent) {
+    Traces traces;
+    const std::string directory = traces.MakeDirectories(
+        FolderPath(CSIDL_COMMON_DOCUMENTS), {"Zephra", "KP Controller", "Orvane X100", "profile"});
+    traces.Write(directory + "\\hostile.cps", std::string(1 << 20, '?') + '\0' + "Watermark1");
+    traces.MakeDirectory(directory + "\\folder.cps");
+    for (const std::string& name : {std::string("hostile"), std::string("folder"), std::string("..\\.."),
+                                    std::string(255, 'n'), std::string("\x95")}) {
+        driver.record.Profile[0] = '\0';
+        std::strncat(driver.record.Profile, name.c_str(), sizeof driver.record.Profile - 1);
+        Open();
+        EXPECT_EQ(addedPages.size(), 2u) << name;
+        EXPECT_EQ(g_SheetCount, 1) << name;
+        driver.Reason(PROPSHEETUI_REASON_DESTROY);
+        addedPages.clear();
+    }
 }
 
 TEST_F(DocumentSheet, AnswersTheReasonsThatOnlyAsk) {

@@ -1,6 +1,8 @@
+#include "Common/ProfileInfo.h"
 #include "pages/devicepage.h"
 #include "pages/standardpage.h"
 #include "tests/pages/page_fixture.h"
+#include "tests/support/traces.h"
 
 namespace {
 
@@ -30,6 +32,41 @@ TEST_F(StandardPage, HandsTheSheetItsResultOnApply) {
     ASSERT_EQ(SheetCalls().size(), 1u);
     EXPECT_EQ(SheetCalls()[0].function, 9u);
     EXPECT_EQ(SheetCalls()[0].second, 1);
+}
+
+class DeviceData : public PageTest {
+  protected:
+    // Writes a Feeder.dat for this print server, which the store then names.
+    void WriteFeeder(const std::string& serverAddress, std::string_view content) {
+        const std::string directory = traces.MakeDirectories(
+            FolderPath(CSIDL_LOCAL_APPDATA), {"PrtSrv", "DriverResource", "10_" + serverAddress});
+        traces.Write(directory + "\\Feeder.dat", content);
+        ExportedFunc_SetServerAddress(serverAddress.c_str());
+    }
+
+    Traces traces;
+};
+
+TEST_F(DeviceData, OfTheStoresServerIsLoadedWhenTheStandardPageOpensAndAgainWithItsDefaults) {
+    WriteFeeder("standard.page", "?Name?first\r\n");
+    const HWND page = Open(1066, StandardPageProc);
+    const DeviceRecordMap& feeder = ProcessProfile()->m_FeederInfo;
+    EXPECT_EQ(feeder.All().at(0).at("Name"), "first");
+
+    WriteFeeder("standard.page", "?Name?changed|?More?new\r\n");
+    CStandardPageDlg(page, ProcessProfile()).OnDefault();
+    EXPECT_EQ(feeder.All().at(0).at("Name"), "first");
+    EXPECT_EQ(feeder.All().at(0).at("More"), "new");
+}
+
+TEST_F(DeviceData, HasADirectoryNamedByTheStoresServer) {
+    ExportedFunc_SetServerAddress("192.168.0.9");
+    PathBuffer path{};
+    EXPECT_EQ(CPSPageDlg::GetDriverResourcePath(path), 1);
+    EXPECT_EQ(path.data(), FolderPath(CSIDL_LOCAL_APPDATA) + "\\PrtSrv\\DriverResource\\10_192.168.0.9\\");
+    ExportedFunc_SetServerAddress(std::string(259, 's').c_str());
+    EXPECT_EQ(CPSPageDlg::GetDriverResourcePath(path), 1);
+    EXPECT_EQ(std::string(path.data()).size(), 259u);
 }
 
 class PageSizes : public PageTest {
