@@ -3,8 +3,6 @@
 #include "oemps/module.h"
 #include "oemps/printoem.h"
 
-#include <new>
-
 extern "C" {
 
 BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
@@ -20,12 +18,7 @@ HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID clsid, REFIID iid, LPVOID* out
             *out = nullptr;
         if (!IsEqualCLSID(clsid, CLSID_OEMUI))
             return CLASS_E_CLASSNOTAVAILABLE;
-        auto* factory = new (std::nothrow) IOemCF;
-        if (!factory)
-            return E_OUTOFMEMORY;
-        const HRESULT result = factory->QueryInterface(iid, out);
-        factory->Release();
-        return result;
+        return GiveNewObject<IOemCF>(iid, out);
     });
 }
 

@@ -23,28 +23,6 @@ IOemUI::~IOemUI() {
         m_pOEMHelp->Release();
 }
 
-HRESULT STDMETHODCALLTYPE IOemUI::QueryInterface(REFIID iid, void** out) {
-    if (!out)
-        return E_POINTER;
-    *out = nullptr;
-    if (!IsEqualIID(iid, IID_IUnknown) && !IsEqualIID(iid, IID_IPrintOemUI))
-        return E_NOINTERFACE;
-    *out = static_cast<IPrintOemUI*>(this);
-    AddRef();
-    return S_OK;
-}
-
-ULONG STDMETHODCALLTYPE IOemUI::AddRef() {
-    return ++m_references;
-}
-
-ULONG STDMETHODCALLTYPE IOemUI::Release() {
-    const ULONG left = --m_references;
-    if (left == 0)
-        delete this;
-    return left;
-}
-
 HRESULT STDMETHODCALLTYPE IOemUI::GetInfo(DWORD mode, PVOID buffer, DWORD size, PDWORD needed) {
     ZR_LOG_ENTRY();
     if (!needed ||

@@ -1,17 +1,12 @@
 // The plug-in object that the driver talks to. Each operation logs its call and hands over to a worker.
 #pragma once
 
+#include "oemps/com_object.h"
 #include "oemps/printoem.h"
 
-#include <atomic>
-
-class IOemUI final : public IPrintOemUI {
+class IOemUI final : public ComObject<IPrintOemUI, IID_IPrintOemUI> {
   public:
     IOemUI();
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override;
-    ULONG STDMETHODCALLTYPE AddRef() override;
-    ULONG STDMETHODCALLTYPE Release() override;
 
     HRESULT STDMETHODCALLTYPE GetInfo(DWORD mode, PVOID buffer, DWORD size, PDWORD needed) override;
     HRESULT STDMETHODCALLTYPE DevMode(DWORD mode, POEMDMPARAM param) override;
@@ -36,9 +31,8 @@ class IOemUI final : public IPrintOemUI {
     HRESULT STDMETHODCALLTYPE UpdateExternalFonts(HANDLE printer, HANDLE heap, PWSTR cartridges) override;
 
   private:
-    ~IOemUI();
+    ~IOemUI() override;
 
-    std::atomic<ULONG> m_references{1};
     // The driver's helper interface, null until it is published.
     IPrintOemDriverUI* m_pOEMHelp = nullptr;
 };
