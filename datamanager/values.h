@@ -21,29 +21,12 @@ struct NamedValues {
 #define ZR_U32_SET_ONLY(name) ZR_U32(name)
 #define ZR_TEXT_SET_ONLY(name, width) ZR_TEXT_VALUE(name, width)
 #include "session/named_values.def"
-#undef ZR_U32
-#undef ZR_I32
-#undef ZR_U64
-#undef ZR_TEXT_VALUE
-#undef ZR_U32_SET_ONLY
-#undef ZR_TEXT_SET_ONLY
 };
 
 // The named values in the order of the table; the number is an index into kValueRows.
 enum class NamedValue : std::uint16_t {
-#define ZR_U32(name) name,
-#define ZR_I32(name) name,
-#define ZR_U64(name) name,
-#define ZR_TEXT_VALUE(name, width) name,
-#define ZR_U32_SET_ONLY(name) name,
-#define ZR_TEXT_SET_ONLY(name, width) name,
+#define ZR_NAMED_VALUE(name, type) name,
 #include "session/named_values.def"
-#undef ZR_U32
-#undef ZR_I32
-#undef ZR_U64
-#undef ZR_TEXT_VALUE
-#undef ZR_U32_SET_ONLY
-#undef ZR_TEXT_SET_ONLY
     Count
 };
 inline constexpr std::size_t kNamedValueCount = static_cast<std::size_t>(NamedValue::Count);
@@ -59,21 +42,9 @@ struct ValueRow {
 };
 
 inline constexpr std::array<ValueRow, kNamedValueCount> kValueRows{{
-#define ZR_ROW(name, type) {#name, ValueType::type, offsetof(NamedValues, name), sizeof(NamedValues::name)},
-#define ZR_U32(name) ZR_ROW(name, U32)
-#define ZR_I32(name) ZR_ROW(name, I32)
-#define ZR_U64(name) ZR_ROW(name, U64)
-#define ZR_TEXT_VALUE(name, width) ZR_ROW(name, Text)
-#define ZR_U32_SET_ONLY(name) ZR_U32(name)
-#define ZR_TEXT_SET_ONLY(name, width) ZR_TEXT_VALUE(name, width)
+#define ZR_NAMED_VALUE(name, type)                                                                           \
+    {#name, ValueType::type, offsetof(NamedValues, name), sizeof(NamedValues::name)},
 #include "session/named_values.def"
-#undef ZR_ROW
-#undef ZR_U32
-#undef ZR_I32
-#undef ZR_U64
-#undef ZR_TEXT_VALUE
-#undef ZR_U32_SET_ONLY
-#undef ZR_TEXT_SET_ONLY
 }};
 
 inline constexpr std::size_t kMaxValueSize = [] {

@@ -76,9 +76,3 @@ ZR_STORE_API int ExportedFunc_GetPrinterPortAddress(void* printer, wchar_t* addr
 #define ZR_U32_SET_ONLY(name) ZR_STORE_API void ExportedFunc_Set##name(std::uint32_t value);
 #define ZR_TEXT_SET_ONLY(name, width) ZR_STORE_API void ExportedFunc_Set##name(const char* text);
 #include "session/named_values.def"
-#undef ZR_U32
-#undef ZR_I32
-#undef ZR_U64
-#undef ZR_TEXT_VALUE
-#undef ZR_U32_SET_ONLY
-#undef ZR_TEXT_SET_ONLY

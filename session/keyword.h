@@ -11,7 +11,6 @@ namespace keyword {
 enum KeywordId : int {
 #define ZR_KEYWORD(name) name,
 #include "session/keywords.def"
-#undef ZR_KEYWORD
     Count
 };
 } // namespace keyword
@@ -24,7 +23,6 @@ static_assert(kKeywordCount == 327);
 inline constexpr std::array<const char*, kKeywordCount> kKeywordNames{
 #define ZR_KEYWORD(name) #name,
 #include "session/keywords.def"
-#undef ZR_KEYWORD
 };
 
 // The index of the keyword with exactly this name, -1 if the table has none.

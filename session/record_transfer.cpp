@@ -74,15 +74,7 @@ constexpr auto kTransfers = [] {
     auto rows = std::to_array<Transfer>({
 #define ZR_NUMBER(offset, type, name, value, route, travel) {offset, ZR_MOVES_##travel(name)},
 #define ZR_TEXT(offset, name, width, value, travel, control) {offset, ZR_MOVES_##travel(name)},
-#define ZR_SPARE_NUMBERS(offset, count, value)
-#define ZR_SPARE_TEXTS(offset, count, width, cleared, control)
-#define ZR_UNUSED(offset, bytes)
 #include "oemps/private_devmode.def"
-#undef ZR_NUMBER
-#undef ZR_TEXT
-#undef ZR_SPARE_NUMBERS
-#undef ZR_SPARE_TEXTS
-#undef ZR_UNUSED
     });
     const auto row = [&](std::size_t offset) -> Transfer& {
         return *std::ranges::find(rows, offset, &Transfer::offset);
@@ -132,16 +124,7 @@ constexpr auto kGetters = std::to_array<Getter>({
 #define ZR_ROUTE_Routed(type, name, route) {route, ZR_READ(type, name)},
 #define ZR_ROUTE_Twice(type, name, route) {route, ZR_READ(type, name)},
 #define ZR_NUMBER(offset, type, name, value, route, travel) ZR_ROUTE_##travel(type, name, route)
-#define ZR_TEXT(offset, name, width, value, travel, control)
-#define ZR_SPARE_NUMBERS(offset, count, value)
-#define ZR_SPARE_TEXTS(offset, count, width, cleared, control)
-#define ZR_UNUSED(offset, bytes)
 #include "oemps/private_devmode.def"
-#undef ZR_NUMBER
-#undef ZR_TEXT
-#undef ZR_SPARE_NUMBERS
-#undef ZR_SPARE_TEXTS
-#undef ZR_UNUSED
 });
 
 static_assert(std::size(kApplyRouteOrder) == kGetters.size(), "every value with a route id is applied once");

@@ -1,5 +1,6 @@
 // The exported operations, as the plug-in calls them.
 #include "session/datamanager.h"
+#include "tests/support/devmode_listing.h"
 
 #include <gtest/gtest.h>
 
@@ -45,9 +46,6 @@ Table MakeTable() {
 #define ZR_I32(name) table.signeds.push_back({#name, ExportedFunc_Get##name, ExportedFunc_Set##name});
 #define ZR_TEXT_VALUE(name, width)                                                                           \
     table.texts.push_back({#name, ExportedFunc_Get##name, ExportedFunc_Set##name, width});
-#define ZR_U64(name)
-#define ZR_U32_SET_ONLY(name)
-#define ZR_TEXT_SET_ONLY(name, width)
 #include "session/named_values.def"
     return table;
 }
@@ -139,17 +137,9 @@ TEST_F(Operations, CutEveryLongerTextToItsField) {
 
 // The record's listing tells the widths independently of the store's table.
 TEST_F(Operations, HaveTextsAsWideAsTheRecordsFieldOfTheSameName) {
-    std::ifstream listing(ZR_TEST_DATA_DIR "/devmode.tsv");
     std::vector<std::pair<std::string, std::string>> fields;
-    for (std::string line; std::getline(listing, line);) {
-        std::array<std::string, 4> columns;
-        std::size_t at = 0;
-        for (std::string& column : columns) {
-            column = line.substr(at, line.find('\t', at) - at);
-            at += column.size() + 1;
-        }
-        fields.emplace_back(columns[3], columns[1]);
-    }
+    for (const ListedField& field : ListDevModeFields())
+        fields.emplace_back(field.name, field.type);
     for (const auto& pair : kTable.texts) {
         if (std::string(pair.name) == "ServerAddress") {
             EXPECT_EQ(pair.width, 260u);

@@ -41,12 +41,6 @@ void SetEverything(std::uint32_t way) {
 #define ZR_U32_SET_ONLY ZR_U32
 #define ZR_TEXT_SET_ONLY ZR_TEXT_VALUE
 #include "session/named_values.def"
-#undef ZR_U32
-#undef ZR_I32
-#undef ZR_U64
-#undef ZR_TEXT_VALUE
-#undef ZR_U32_SET_ONLY
-#undef ZR_TEXT_SET_ONLY
 }
 
 // The same in the key.
@@ -69,12 +63,6 @@ KeyImage ImageOfEverything(std::uint32_t way) {
 #define ZR_U32_SET_ONLY ZR_U32
 #define ZR_TEXT_SET_ONLY ZR_TEXT_VALUE
 #include "session/named_values.def"
-#undef ZR_U32
-#undef ZR_I32
-#undef ZR_U64
-#undef ZR_TEXT_VALUE
-#undef ZR_U32_SET_ONLY
-#undef ZR_TEXT_SET_ONLY
     return image;
 }
 

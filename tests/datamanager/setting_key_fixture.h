@@ -2,13 +2,13 @@
 #pragma once
 
 #include "session/datamanager.h"
+#include "tests/support/own_folder.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>
 
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
 #include <map>
 #include <string>
@@ -87,9 +87,7 @@ class SettingKeyTest : public testing::Test {
 
     // Runs the peer to its end; false unless it reports success.
     static bool RunPeer(const std::string& arguments) {
-        char self[MAX_PATH] = {};
-        GetModuleFileNameA(nullptr, self, sizeof self);
-        const auto peer = std::filesystem::path(self).parent_path() / "setting_key_peer.exe";
+        const auto peer = OwnFolder() / "setting_key_peer.exe";
         std::string command = "\"" + peer.string() + "\" " + arguments;
         STARTUPINFOA startup{};
         startup.cb = sizeof startup;

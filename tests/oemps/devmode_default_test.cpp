@@ -1,10 +1,10 @@
 #include "tests/oemps/devmode_records.h"
+#include "tests/support/devmode_listing.h"
+#include "tests/support/file_contents.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -27,18 +27,8 @@ unsigned ByteAt(const PrivateDevMode& record, std::size_t offset) {
 class ListedDefaults {
   public:
     ListedDefaults() : m_image(24112, '\xCC') {
-        std::ifstream file(ZR_TEST_DATA_DIR "/devmode.tsv");
-        std::string line;
-        std::getline(file, line);
-        while (std::getline(file, line)) {
-            std::istringstream row(line);
-            std::string offset, type, count, name, value;
-            std::getline(row, offset, '\t');
-            std::getline(row, type, '\t');
-            std::getline(row, count, '\t');
-            std::getline(row, name, '\t');
-            std::getline(row, value, '\t');
-            Apply(std::stoul(offset), type, std::stoul(count), value);
+        for (const ListedField& field : ListDevModeFields()) {
+            Apply(field);
             ++m_rows;
         }
     }
@@ -47,39 +37,40 @@ class ListedDefaults {
     int Rows() const { return m_rows; }
 
   private:
-    void Apply(std::size_t offset, const std::string& type, std::size_t count, const std::string& value) {
-        if (value == "not written")
+    void Apply(const ListedField& field) {
+        if (field.value == "not written")
             return;
-        if (value == "bytes 13212 to 13244 set to 0")
+        if (field.value == "bytes 13212 to 13244 set to 0")
             m_image.replace(13212, 33, 33, '\0');
-        else if (type.starts_with("char["))
-            ApplyTexts(offset, std::stoul(type.substr(5)), count, value);
+        else if (field.IsText())
+            ApplyTexts(field);
         else
-            ApplyNumbers(offset, type == "u64" ? 8 : 4, count, value);
+            ApplyNumbers(field);
     }
 
-    void ApplyTexts(std::size_t offset, std::size_t width, std::size_t count, const std::string& value) {
-        if (value == "\"\"" || value.starts_with("first byte")) {
-            for (std::size_t i = 0; i < count; ++i)
-                m_image[offset + i * width] = '\0';
+    void ApplyTexts(const ListedField& field) {
+        const std::size_t width = field.Width();
+        if (field.value == "\"\"" || field.value.starts_with("first byte")) {
+            for (std::size_t i = 0; i < field.count; ++i)
+                m_image[field.offset + i * width] = '\0';
             return;
         }
         // The listing is in UTF-8, the record in code page 932.
-        const std::string text = value.starts_with("\"JC2011")
+        const std::string text = field.value.starts_with("\"JC2011")
                                      ? "JC2011(\x83\x52\x81\x5B\x83\x67\x8E\x86)_Uncoated"
-                                     : value.substr(1, value.size() - 2);
-        m_image.replace(offset, width, text + std::string(width - text.size(), '\0'));
+                                     : field.value.substr(1, field.value.size() - 2);
+        m_image.replace(field.offset, width, text + std::string(width - text.size(), '\0'));
     }
 
-    void ApplyNumbers(std::size_t offset, std::size_t width, std::size_t count, const std::string& value) {
-        std::istringstream list(value);
+    void ApplyNumbers(const ListedField& field) {
+        std::istringstream list(field.value);
         std::vector<unsigned long long> numbers;
         for (std::string number; std::getline(list, number, ',');)
             numbers.push_back(std::stoull(number, nullptr, 0));
-        for (std::size_t i = 0; i < count; ++i) {
+        for (std::size_t i = 0; i < field.count; ++i) {
             unsigned long long number = numbers[numbers.size() == 1 ? 0 : i];
-            for (std::size_t byte = 0; byte < width; ++byte, number >>= 8)
-                m_image[offset + i * width + byte] = static_cast<char>(number & 0xFF);
+            for (std::size_t byte = 0; byte < field.Width(); ++byte, number >>= 8)
+                m_image[field.offset + i * field.Width() + byte] = static_cast<char>(number & 0xFF);
         }
     }
 
@@ -199,8 +190,7 @@ TEST(SetDefault, KeepsTheSecondAndSixthReservedEntryIrregular) {
 }
 
 TEST(SetDefault, IsStillTheBlockOfTheFirstRelease) {
-    std::ifstream file(ZR_TEST_DATA_DIR "/devmode_v2_default.bin", std::ios::binary);
-    const std::string frozen(std::istreambuf_iterator<char>(file), {});
+    const std::string frozen = FileContents(ZR_TEST_DATA_DIR "/devmode_v2_default.bin");
     ASSERT_EQ(frozen.size(), 24112u);
     const auto record = MakeDefault();
     EXPECT_TRUE(ViewOf(*record) == frozen);

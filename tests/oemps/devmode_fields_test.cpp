@@ -2,12 +2,12 @@
 // most.
 #include "oemps/devmode_fields.h"
 
+#include "tests/support/devmode_listing.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -33,30 +33,12 @@ std::ostream& operator<<(std::ostream& out, const Element& element) {
     return out << element.offset << ' ' << element.type << ' ' << element.name << ' ' << element.route;
 }
 
-std::size_t WidthOf(const std::string& type) {
-    if (type.starts_with("char["))
-        return std::stoul(type.substr(5));
-    return type == "u64" ? 8 : 4;
-}
-
 std::vector<Element> ListedElements() {
-    std::ifstream file(ZR_TEST_DATA_DIR "/devmode.tsv");
     std::vector<Element> elements;
-    std::string line;
-    std::getline(file, line);
-    while (std::getline(file, line)) {
-        std::istringstream row(line);
-        std::string offset, type, count, name, value, route;
-        std::getline(row, offset, '\t');
-        std::getline(row, type, '\t');
-        std::getline(row, count, '\t');
-        std::getline(row, name, '\t');
-        std::getline(row, value, '\t');
-        std::getline(row, route, '\t');
-        for (std::size_t i = 0; i < std::stoul(count); ++i)
-            elements.push_back({std::stoul(offset) + i * WidthOf(type), type, name == "reserved" ? "" : name,
-                                route.empty() ? 0 : std::stoi(route)});
-    }
+    for (const ListedField& field : ListDevModeFields())
+        for (std::size_t i = 0; i < field.count; ++i)
+            elements.push_back({field.offset + i * field.Width(), field.type,
+                                field.name == "reserved" ? "" : field.name, field.route});
     return elements;
 }
 

@@ -124,22 +124,8 @@ TEST(Merge, TakesSomeNumbersFromASourceWhoseHeaderDoesNotFit) {
     const auto target = MakeDefault();
     PrivateDevMode expected = *target;
     expected.Modified = 1;
-    const auto take = [&expected](std::size_t first, std::size_t last) {
-        std::memset(&BytesOf(expected)[first], 's', last + 4 - first);
-    };
-    take(24080, 24104); // SamplePrintMode up to StapleMechanism
-    take(4916, 4916);   // Magnification
-    take(23664, 23664); // ColorOutlineEmphasis
-    take(24072, 24076); // AutoJobStartSpecifiedDayAndTimeForDriver
-    take(4772, 4788);   // AutoJobStartSpecifiedHour up to AutoJobStartElapsedMinutes
-    take(23564, 23660); // Crease up to TopAndTailTrimFrontCutSize
-    take(5456, 5460);   // GraphicsTreatmentBase, GraphicsTreatmentMode
-    take(10436, 10440); // MinimumLineWidthBase, MinimumLineWidthValue
-    take(6264, 6340);   // UsePdlRgbRenderingIntent up to AppeVersion
-    take(4900, 4908);   // CustomCoverPageNum, CoverPageTray, CoverPageStkType
-    take(4704, 4704);   // ManageMethod
-    take(23772, 23772); // SpecifyJobOwnerName
-    take(23776, 23776); // a reserved word
+    for (const auto& [offset, count] : kWordsOfAnySource)
+        std::memset(&BytesOf(expected)[offset], 's', count * 4);
     CDevMode::Merge(*target, source.get());
     EXPECT_EQ(FirstDifference(*target, expected), kDevModeSize);
 }

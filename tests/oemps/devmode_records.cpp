@@ -61,20 +61,6 @@ void PlainMerge(PrivateDevMode& target, const PrivateDevMode& source) {
     target.Modified = source.Modified != 0 ? 1 : 0;
     PlainStripTexts(reinterpret_cast<char*>(&target));
 
-    const auto copyWords = [&target, &source](std::size_t offset, std::size_t count) {
+    for (const auto& [offset, count] : kWordsOfAnySource)
         std::memcpy(BytesOf(target).data() + offset, ViewOf(source).data() + offset, count * 4);
-    };
-    copyWords(24080, 7);  // SamplePrintMode up to StapleMechanism
-    copyWords(4916, 1);   // Magnification
-    copyWords(23664, 1);  // ColorOutlineEmphasis
-    copyWords(24072, 2);  // AutoJobStartSpecifiedDayAndTimeForDriver
-    copyWords(4772, 5);   // AutoJobStartSpecifiedHour up to AutoJobStartElapsedMinutes
-    copyWords(23564, 25); // Crease up to TopAndTailTrimFrontCutSize
-    copyWords(5456, 2);   // GraphicsTreatmentBase, GraphicsTreatmentMode
-    copyWords(10436, 2);  // MinimumLineWidthBase, MinimumLineWidthValue
-    copyWords(6264, 20);  // UsePdlRgbRenderingIntent up to AppeVersion
-    copyWords(4900, 3);   // CustomCoverPageNum, CoverPageTray, CoverPageStkType
-    copyWords(4704, 1);   // ManageMethod
-    copyWords(23772, 1);  // SpecifyJobOwnerName
-    copyWords(23776, 1);  // the reserved word
 }

@@ -53,6 +53,27 @@ inline std::size_t FirstDifference(const PrivateDevMode& one, const PrivateDevMo
     return at;
 }
 
+// The numbers that a merge takes from any source, as runs of 32-bit words.
+struct WordRun {
+    std::size_t offset;
+    std::size_t count;
+};
+inline constexpr WordRun kWordsOfAnySource[] = {
+    {24080, 7},  // SamplePrintMode up to StapleMechanism
+    {4916, 1},   // Magnification
+    {23664, 1},  // ColorOutlineEmphasis
+    {24072, 2},  // AutoJobStartSpecifiedDayAndTimeForDriver
+    {4772, 5},   // AutoJobStartSpecifiedHour up to AutoJobStartElapsedMinutes
+    {23564, 25}, // Crease up to TopAndTailTrimFrontCutSize
+    {5456, 2},   // GraphicsTreatmentBase, GraphicsTreatmentMode
+    {10436, 2},  // MinimumLineWidthBase, MinimumLineWidthValue
+    {6264, 20},  // UsePdlRgbRenderingIntent up to AppeVersion
+    {4900, 3},   // CustomCoverPageNum, CoverPageTray, CoverPageStkType
+    {4704, 1},   // ManageMethod
+    {23772, 1},  // SpecifyJobOwnerName
+    {23776, 1},  // the reserved word
+};
+
 // Both records must be whole, with equal headers.
 void PlainConvert(PrivateDevMode& target, const PrivateDevMode& source);
 void PlainMerge(PrivateDevMode& target, const PrivateDevMode& source);

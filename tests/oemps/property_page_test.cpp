@@ -6,6 +6,7 @@
 #include "oemps/devmode.h"
 #include "oemps/oem_devmode.h"
 #include "oemps/sheet_state.h"
+#include "tests/support/own_folder.h"
 #include "tests/support/registry_override.h"
 
 #include <gtest/gtest.h>
@@ -16,17 +17,10 @@
 
 namespace {
 
-std::wstring OwnFolder() {
-    wchar_t path[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const std::wstring whole = path;
-    return whole.substr(0, whole.rfind(L'\\'));
-}
-
 class PropertyPage : public testing::Test {
   protected:
     static void SetUpTestSuite() {
-        const InstallResult installed = InstallPrinter(OwnFolder());
+        const InstallResult installed = InstallPrinter(OwnFolder().wstring());
         ASSERT_TRUE(installed.ok) << std::string(installed.message.begin(), installed.message.end());
     }
     void SetUp() override {

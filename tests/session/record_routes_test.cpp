@@ -1,16 +1,16 @@
 #include "session/record_routes.h"
 
 #include "oemps/devmode_fields.h"
+#include "tests/oemps/devmode_records.h"
+#include "tests/support/devmode_listing.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstring>
-#include <fstream>
 #include <limits>
 #include <map>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,21 +23,12 @@ bool IsPaperRoute(int id) {
     return kPaperRoutes.find(" " + std::to_string(id) + " ") != std::string_view::npos;
 }
 
-std::string_view ViewOf(const PrivateDevMode& record) {
-    return {reinterpret_cast<const char*>(&record), kDevModeSize};
-}
-
 // Route ids and offsets of the independent listing.
 std::map<int, std::size_t> ListedRoutes() {
-    std::ifstream file(ZR_TEST_DATA_DIR "/devmode.tsv");
     std::map<int, std::size_t> routes;
-    std::string line;
-    std::getline(file, line);
-    while (std::getline(file, line)) {
-        const std::string route = line.substr(line.rfind('\t') + 1);
-        if (!route.empty())
-            routes[std::stoi(route)] = std::stoul(line);
-    }
+    for (const ListedField& field : ListDevModeFields())
+        if (field.route != 0)
+            routes[field.route] = field.offset;
     return routes;
 }
 

@@ -22,23 +22,12 @@ bool IsPaperSize(std::string_view name) {
 // Calls `use(name, field, get)` for each named value that has a getter and a field of its name.
 template <typename Record, typename Use>
 void ForEachValueWithField(Record& record, Use use) {
-#define ZR_VISIT(name)                                                                                       \
+#define ZR_NAMED_VALUE(name, type)                                                                           \
     if constexpr (requires { record.name; })                                                                 \
         use(#name, record.name, ExportedFunc_Get##name);
-#define ZR_U32(name) ZR_VISIT(name)
-#define ZR_I32(name) ZR_VISIT(name)
-#define ZR_U64(name) ZR_VISIT(name)
-#define ZR_TEXT_VALUE(name, width) ZR_VISIT(name)
 #define ZR_U32_SET_ONLY(name)
 #define ZR_TEXT_SET_ONLY(name, width)
 #include "session/named_values.def"
-#undef ZR_U32
-#undef ZR_I32
-#undef ZR_U64
-#undef ZR_TEXT_VALUE
-#undef ZR_U32_SET_ONLY
-#undef ZR_TEXT_SET_ONLY
-#undef ZR_VISIT
 }
 
 template <typename Field>

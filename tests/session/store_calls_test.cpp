@@ -4,16 +4,15 @@
 #include "Common/log_recorder.h"
 #include "session/initialize_data_manager.h"
 #include "session/record_transfer.h"
+#include "tests/support/devmode_listing.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <fstream>
 #include <memory>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -22,38 +21,9 @@ namespace {
 using recording_store::Call;
 using Names = std::vector<std::string>;
 
-// The record's named fields in its order, from a listing that is independent of the code.
-Names ListedFields() {
-    std::ifstream file(ZR_TEST_DATA_DIR "/devmode.tsv");
-    Names fields;
-    std::string line;
-    std::getline(file, line);
-    while (std::getline(file, line)) {
-        std::istringstream row(line);
-        std::string offset, type, count, field;
-        std::getline(row, offset, '\t');
-        std::getline(row, type, '\t');
-        std::getline(row, count, '\t');
-        std::getline(row, field, '\t');
-        fields.push_back(field);
-    }
-    return fields;
-}
-
 const std::set<std::string> kNamedValues{
-#define ZR_U32(name) #name,
-#define ZR_I32(name) #name,
-#define ZR_U64(name) #name,
-#define ZR_TEXT_VALUE(name, width) #name,
-#define ZR_U32_SET_ONLY(name) #name,
-#define ZR_TEXT_SET_ONLY(name, width) #name,
+#define ZR_NAMED_VALUE(name, type) #name,
 #include "session/named_values.def"
-#undef ZR_U32
-#undef ZR_I32
-#undef ZR_U64
-#undef ZR_TEXT_VALUE
-#undef ZR_U32_SET_ONLY
-#undef ZR_TEXT_SET_ONLY
 };
 
 Names Operations() {
@@ -109,12 +79,13 @@ TEST_F(LoadStoreFromRecordCalls, TellTheProfileBeforeAllElse) {
 
 TEST_F(LoadStoreFromRecordCalls, SendEveryFieldWithANamedValueInTheRecordsOrder) {
     Names expected{"SetProfile"};
-    for (const std::string& field : ListedFields()) {
-        if (!kNamedValues.contains(field) || field == "Profile" || field.starts_with("ChgPrintPaperSizeW") ||
-            field == "ChgPrintPaperSizeLength")
+    for (const ListedField& field : ListDevModeFields()) {
+        const std::string& listed = field.name;
+        if (!kNamedValues.contains(listed) || listed == "Profile" ||
+            listed.starts_with("ChgPrintPaperSizeW") || listed == "ChgPrintPaperSizeLength")
             continue;
-        expected.push_back("Set" + field);
-        if (field == "FolderName")
+        expected.push_back("Set" + listed);
+        if (listed == "FolderName")
             for (const char* name :
                  {"SpecifiedHour", "SpecifiedMinute", "ElapsedDays", "ElapsedHours", "ElapsedMinutes"})
                 expected.push_back(std::string("SetAutoJobStart") + name);
