@@ -1,13 +1,12 @@
 #include "host/driver_files.h"
 
-#include "Common/win_handles.h"
+#include "host/driver_data_file.h"
 #include "host/failure.h"
-#include "host/report.h"
+#include "host/whole_file.h"
 #include "host/wide.h"
 
 #include <array>
 #include <mutex>
-#include <vector>
 
 namespace {
 
@@ -29,24 +28,12 @@ std::wstring ThisDirectory() {
 }
 
 std::wstring DataFileOf(HANDLE printer) {
-    DWORD needed = 0;
-    GetPrinterDriverW(printer, nullptr, 3, nullptr, 0, &needed);
-    std::vector<BYTE> buffer(needed);
-    if (needed < sizeof(DRIVER_INFO_3W) ||
-        !GetPrinterDriverW(printer, nullptr, 3, buffer.data(), needed, &needed))
+    const auto file = DriverDataFile(printer);
+    if (!file)
         throw Failure("The printer's driver can't be read from the spooler.");
-    const auto* driver = reinterpret_cast<const DRIVER_INFO_3W*>(buffer.data());
-    if (!driver->pDataFile || !*driver->pDataFile)
+    if (file->empty())
         throw Failure("The printer's driver names no printer description.");
-    return driver->pDataFile;
-}
-
-std::string ReadWhole(const std::wstring& path, HANDLE file, std::uint64_t size) {
-    std::string bytes(size, '\0');
-    DWORD read = 0;
-    if (!ReadFile(file, bytes.data(), static_cast<DWORD>(size), &read, nullptr) || read != size)
-        throw Failure("The printer description " + Utf8(path) + " can't be read.");
-    return bytes;
+    return *file;
 }
 
 // Texts are Japanese for a user whose windows are.
@@ -55,8 +42,11 @@ Language UserLanguage() {
                                                                       : Language::English;
 }
 
-std::shared_ptr<const PrinterModel> ParseModel(const std::wstring& path, std::string_view bytes) {
-    auto result = ppd::Parse(bytes);
+std::shared_ptr<const PrinterModel> ReadModel(const std::wstring& path, HANDLE file) {
+    const auto bytes = ReadWhole(file, ppd::kMaxFileSize);
+    if (!bytes)
+        throw Failure("The printer description " + Utf8(path) + " can't be read.");
+    auto result = ppd::Parse(*bytes);
     if (const auto* error = std::get_if<ppd::PpdError>(&result))
         throw Failure("The printer description " + Utf8(path) + ", line " + std::to_string(error->line) +
                       ": " + error->message);
@@ -75,15 +65,6 @@ Cache g_cache;
 
 } // namespace
 
-std::string Utf8(std::wstring_view text) {
-    int length = static_cast<int>(text.size());
-    std::string out(3 * text.size(), '\0');
-    int written = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, out.data(),
-                                      static_cast<int>(out.size()), nullptr, nullptr);
-    out.resize(static_cast<std::size_t>(written));
-    return out;
-}
-
 DriverFiles FindDriverFiles(HANDLE printer) {
     DriverFiles files;
     files.description = printer ? DataFileOf(printer) : ThisDirectory() + kDescriptionName;
@@ -93,11 +74,9 @@ DriverFiles FindDriverFiles(HANDLE printer) {
 }
 
 std::shared_ptr<const PrinterModel> LoadModel(const std::wstring& path) {
-    const HANDLE opened = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
-                                      nullptr, OPEN_EXISTING, 0, nullptr);
-    if (opened == INVALID_HANDLE_VALUE)
+    const UniqueHandle file = OpenToRead(path);
+    if (!file)
         throw Failure("The printer description " + Utf8(path) + " can't be opened.");
-    const UniqueHandle file(opened);
     LARGE_INTEGER size{};
     FILETIME written{};
     if (!GetFileSizeEx(file.Get(), &size) || !GetFileTime(file.Get(), nullptr, nullptr, &written))
@@ -109,7 +88,7 @@ std::shared_ptr<const PrinterModel> LoadModel(const std::wstring& path) {
 
     std::lock_guard lock(g_cache.mutex);
     if (!g_cache.model || g_cache.path != path || g_cache.size != bytes || g_cache.written != time) {
-        g_cache.model = ParseModel(path, ReadWhole(path, file.Get(), bytes));
+        g_cache.model = ReadModel(path, file.Get());
         g_cache.path = path;
         g_cache.size = bytes;
         g_cache.written = time;

@@ -8,6 +8,8 @@
 #include "host/driverhost_text.h"
 #include "host/dump.h"
 #include "host/script.h"
+#include "host/whole_file.h"
+#include "host/wide.h"
 
 #include <exception>
 #include <span>
@@ -34,7 +36,7 @@ std::vector<std::string> CommandLineWords() {
     LPWSTR* const words = CommandLineToArgvW(GetCommandLineW(), &count);
     std::vector<std::string> list;
     for (int i = 1; words && i < count; ++i)
-        list.push_back(Narrow(words[i]));
+        list.push_back(Utf8(words[i]));
     LocalFree(words);
     return list;
 }
@@ -43,10 +45,10 @@ std::vector<std::string> CommandLineWords() {
 int LoadScript(const Options& options, script::Script& result) {
     if (options.script.empty())
         return kGood;
-    const auto bytes = ReadWhole(Widen(options.script), script::kMaximumSize);
+    const auto bytes = ReadWhole(Wide(options.script), script::kMaximumSize);
     if (!bytes)
         return Fail("the script " + options.script + " can't be read");
-    result = script::Parse({bytes->data(), bytes->size()});
+    result = script::Parse(*bytes);
     if (result.error) {
         PrintError(script::Describe(options.script, *result.error) + "\n");
         return kFailed;
@@ -65,7 +67,7 @@ int ShowSheet(const Options& options) {
     if (!driver.Trouble().empty())
         return Fail(driver.Trouble());
 
-    const std::wstring printer = Widen(options.printer);
+    const std::wstring printer = Wide(options.printer);
     const SettingsFile settings(printer);
     std::string sheetError;
     Show show;
@@ -87,7 +89,7 @@ int ShowSheet(const Options& options) {
 }
 
 int DumpSettings(const Options& options) {
-    const std::wstring printer = Widen(options.printer);
+    const std::wstring printer = Wide(options.printer);
     std::string error;
     const std::vector<std::byte> stored = SettingsFile(printer).Load(error);
     if (!error.empty())
@@ -99,22 +101,22 @@ int DumpSettings(const Options& options) {
     const std::wstring description = DescriptionOf(printer);
     const auto bytes = ReadWhole(description, ppd::kMaxFileSize);
     if (!bytes)
-        return Fail("the printer's description " + Narrow(description) + " can't be read");
-    auto parsed = ppd::Parse({bytes->data(), bytes->size()});
+        return Fail("the printer's description " + Utf8(description) + " can't be read");
+    auto parsed = ppd::Parse(*bytes);
     if (const auto* broken = std::get_if<ppd::PpdError>(&parsed))
-        return Fail(script::Describe(Narrow(description), {static_cast<int>(broken->line), broken->message}));
+        return Fail(script::Describe(Utf8(description), {static_cast<int>(broken->line), broken->message}));
     const PrinterModel model(std::get<ppd::PpdFile>(std::move(parsed)), Language::English);
     const DevModeReading reading = ReadDevMode(stored, model, DefaultSettings(model));
     if (!reading.trouble.empty())
         return Fail("the stored settings can't be used: " + reading.trouble);
     Print("[driver]\n" + dump::DriverSettings(reading.settings, model));
     Print("[plug-in]\n" + dump::PluginHeader(reading.pluginBlock) +
-          NarrowAnsi(dump::Bytes(reading.pluginBlock)));
+          Utf8OfAnsi(dump::Bytes(reading.pluginBlock)));
     return kGood;
 }
 
 int RemoveAll(const Options& options) {
-    const std::wstring printer = Widen(options.printer);
+    const std::wstring printer = Wide(options.printer);
     if (const std::string error = Remove(printer); !error.empty())
         return Fail(error);
     const std::string error = SettingsFile(printer).Forget();

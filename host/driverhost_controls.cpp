@@ -1,8 +1,8 @@
 #include "host/driverhost_controls.h"
 
-#include "host/driverhost_text.h"
 #include "host/driverhost_windows.h"
 #include "host/script.h"
+#include "host/wide.h"
 #include "host/window_class.h"
 
 #include <array>
@@ -142,9 +142,9 @@ std::string ChooseText(HWND combo, const std::wstring& text) {
         const std::wstring label = RowText(combo, row);
         if (label == text)
             return ChooseRow(combo, row);
-        rows += (row > 0 ? ", " : "") + script::Quoted(Narrow(label));
+        rows += (row > 0 ? ", " : "") + script::Quoted(Utf8(label));
     }
-    return "no row is " + script::Quoted(Narrow(text)) + "; there are: " + rows;
+    return "no row is " + script::Quoted(Utf8(text)) + "; there are: " + rows;
 }
 
 std::string Click(HWND button) {
@@ -192,9 +192,9 @@ std::string GoToPage(HWND sheet, const std::wstring& title) {
             SendMessageW(sheet, PSM_SETCURSEL, static_cast<WPARAM>(page), 0);
             return CurrentPage(sheet) == title ? "" : "the sheet stays on its page";
         }
-        pages += (page > 0 ? ", " : "") + script::Quoted(Narrow(found));
+        pages += (page > 0 ? ", " : "") + script::Quoted(Utf8(found));
     }
-    return "no page is called " + script::Quoted(Narrow(title)) + "; there are: " + pages;
+    return "no page is called " + script::Quoted(Utf8(title)) + "; there are: " + pages;
 }
 
 std::wstring CurrentPage(HWND sheet) {

@@ -1,14 +1,17 @@
 #include "host/driverhost_driver.h"
 
 #include "Common/win_handles.h"
+#include "host/driver_data_file.h"
 #include "host/driverhost_text.h"
 #include "host/install_printer.h"
+#include "host/module_function.h"
 #include "host/ppd.h"
 #include "host/script.h"
+#include "host/whole_file.h"
+#include "host/wide.h"
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <initializer_list>
 #include <string_view>
 #include <variant>
@@ -26,10 +29,10 @@ std::wstring ProgramFolder() {
 std::string ReadDescription(const std::wstring& file) {
     const auto bytes = ReadWhole(file, ppd::kMaxFileSize);
     if (!bytes)
-        return "the device description " + Narrow(file) + " can't be read";
-    const auto parsed = ppd::Parse({bytes->data(), bytes->size()});
+        return "the device description " + Utf8(file) + " can't be read";
+    const auto parsed = ppd::Parse(*bytes);
     if (const auto* error = std::get_if<ppd::PpdError>(&parsed))
-        return script::Describe(Narrow(file), {static_cast<int>(error->line), error->message});
+        return script::Describe(Utf8(file), {static_cast<int>(error->line), error->message});
     return "";
 }
 
@@ -63,7 +66,7 @@ class StagingFolder {
 };
 
 Installed Outcome(const InstallResult& result) {
-    return {result.ok ? "" : "the printer can't be installed: " + Narrow(result.message),
+    return {result.ok ? "" : "the printer can't be installed: " + Utf8(result.message),
             result.driverDirectory};
 }
 
@@ -76,7 +79,7 @@ Installed InstallWithDescription(const std::wstring& printer, const std::wstring
     for (const std::wstring& file : package.dependentFiles)
         staging.Take(program + file, file);
     if (!staging.Take(description, package.dataFile))
-        return {"the device description " + Narrow(description) + " can't be copied", L""};
+        return {"the device description " + Utf8(description) + " can't be copied", L""};
     return Outcome(InstallPrinter(staging.Path(), printer, package));
 }
 
@@ -114,9 +117,9 @@ std::string RemoveDriver() {
 } // namespace
 
 Installed Install(const Options& options) {
-    const std::wstring printer = Widen(options.printer);
+    const std::wstring printer = Wide(options.printer);
     const std::wstring description =
-        options.ppd.empty() ? ProgramFolder() + L"\\" + DriverPackage().dataFile : Widen(options.ppd);
+        options.ppd.empty() ? ProgramFolder() + L"\\" + DriverPackage().dataFile : Wide(options.ppd);
     if (std::string error = ReadDescription(description); !error.empty())
         return {error, L""};
     return options.ppd.empty() ? Outcome(InstallPrinter(ProgramFolder(), printer))
@@ -129,46 +132,18 @@ std::string Remove(const std::wstring& printerName) {
     return IsDriverInUse() ? "" : RemoveDriver();
 }
 
-std::optional<std::vector<char>> ReadWhole(const std::wstring& file, std::size_t limit) {
-    const HANDLE opened = CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
-                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (opened == INVALID_HANDLE_VALUE)
-        return std::nullopt;
-    const UniqueHandle handle(opened);
-    LARGE_INTEGER size{};
-    if (!GetFileSizeEx(handle.Get(), &size) || size.QuadPart > static_cast<LONGLONG>(limit))
-        return std::nullopt;
-    std::vector<char> bytes(static_cast<std::size_t>(size.QuadPart));
-    DWORD read = 0;
-    if (!ReadFile(handle.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr) ||
-        read != bytes.size())
-        return std::nullopt;
-    return bytes;
-}
-
 std::wstring DescriptionOf(const std::wstring& printerName) {
     std::wstring name = printerName;
     UniquePrinter printer;
     if (!OpenPrinterW(name.data(), printer.Receive(), nullptr))
         return L"";
-    DWORD needed = 0;
-    GetPrinterDriverW(printer.Get(), nullptr, 3, nullptr, 0, &needed);
-    std::vector<BYTE> buffer(needed);
-    std::wstring description;
-    if (needed >= sizeof(DRIVER_INFO_3W) &&
-        GetPrinterDriverW(printer.Get(), nullptr, 3, buffer.data(), needed, &needed)) {
-        const auto* info = reinterpret_cast<const DRIVER_INFO_3W*>(buffer.data());
-        description = info->pDataFile ? info->pDataFile : L"";
-    }
-    return description;
+    return DriverDataFile(printer.Get()).value_or(L"");
 }
 
 template <typename Function>
 void DriverModule::Find(HMODULE module, const char* name, Function& function) {
-    const FARPROC address = GetProcAddress(module, name);
-    static_assert(sizeof function == sizeof address);
-    std::memcpy(&function, &address, sizeof function);
-    if (!address)
+    function = FunctionOf<Function>(module, name);
+    if (!function)
         m_trouble = "the installed driver has no " + std::string(name);
 }
 
@@ -176,7 +151,7 @@ DriverModule::DriverModule(const std::wstring& driverDirectory) {
     const std::wstring file = driverDirectory + L"\\" + DriverPackage().configFile;
     const HMODULE module = LoadLibraryExW(file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (!module) {
-        m_trouble = Narrow(file) + " can't be loaded: " + ErrorText(GetLastError());
+        m_trouble = Utf8(file) + " can't be loaded: " + ErrorText(GetLastError());
         return;
     }
     Find(module, "DrvDevicePropertySheets", m_deviceSheets);
@@ -189,7 +164,7 @@ std::string DriverModule::LastMessage(const std::string& otherwise) const {
     std::array<wchar_t, 1024> buffer{};
     if (!m_lastMessage || m_lastMessage(buffer.data(), static_cast<DWORD>(buffer.size())) == 0)
         return otherwise;
-    return Narrow(buffer.data());
+    return Utf8(buffer.data());
 }
 
 std::string DriverModule::Refusal(const std::wstring& printerName, std::span<const std::byte> devmode) const {

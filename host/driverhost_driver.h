@@ -6,10 +6,8 @@
 #include "host/x100drvui.h"
 
 #include <cstddef>
-#include <optional>
 #include <span>
 #include <string>
-#include <vector>
 
 namespace driverhost {
 
@@ -24,9 +22,6 @@ Installed Install(const Options& options);
 
 // Takes printer and driver out; returns "" or what could not be done.
 std::string Remove(const std::wstring& printerName);
-
-// The bytes of a file, none if it can't be read or has more than `limit`.
-std::optional<std::vector<char>> ReadWhole(const std::wstring& file, std::size_t limit);
 
 // The description of the installed printer, "" for one that is not there.
 std::wstring DescriptionOf(const std::wstring& printerName);

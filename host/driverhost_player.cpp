@@ -6,6 +6,7 @@
 #include "host/driverhost_text.h"
 #include "host/driverhost_windows.h"
 #include "host/screenshot.h"
+#include "host/wide.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -56,18 +57,18 @@ std::string WorkOn(HWND front, const Action& action) {
     const auto about = [&](std::string error) { return error.empty() ? error : name + ": " + error; };
     switch (action.verb) {
     case Verb::Choose:
-        return about(action.row ? ChooseRow(control, *action.row) : ChooseText(control, Widen(action.text)));
+        return about(action.row ? ChooseRow(control, *action.row) : ChooseText(control, Wide(action.text)));
     case Verb::Press:
     case Verb::Click: return about(Click(control));
     case Verb::Check: return about(Check(control, action.number != 0));
-    case Verb::Type: return about(TypeText(control, Widen(action.text)));
+    case Verb::Type: return about(TypeText(control, Wide(action.text)));
     case Verb::ExpectRow:
         if (!IsCombo(control))
             return about("the control is no combo box");
         return Mismatch("the row of " + name, std::to_string(SelectedRow(control)),
                         std::to_string(*action.row));
     case Verb::ExpectText:
-        return Mismatch("the text of " + name, Quoted(Narrow(ShownText(control))), Quoted(action.text));
+        return Mismatch("the text of " + name, Quoted(Utf8(ShownText(control))), Quoted(action.text));
     case Verb::ExpectEnabled:
     case Verb::ExpectDisabled:
         return Mismatch(name, Shown(IsWindowEnabled(control), "enabled", "disabled"),
@@ -85,7 +86,7 @@ std::string WorkOn(HWND front, const Action& action) {
 std::string ExpectMessage(HWND front, const std::string& wanted) {
     if (!IsMessageBox(front))
         return "no message box is up, expected " + Quoted(wanted);
-    return Mismatch("the message", Quoted(Narrow(MessageOf(front))), Quoted(wanted));
+    return Mismatch("the message", Quoted(Utf8(MessageOf(front))), Quoted(wanted));
 }
 
 std::string Answer(HWND front, int button) {
@@ -203,7 +204,7 @@ class Player {
             return "";
         const auto text = std::make_shared<std::string>();
         Do([front, text] {
-            *text = Narrow(MessageOf(front));
+            *text = Utf8(MessageOf(front));
             return std::string();
         });
         return "a message box is up: " + Quoted(*text);
@@ -323,17 +324,17 @@ class Player {
     std::string Perform(const Action& action) {
         switch (action.verb) {
         case Verb::Page:
-            return OnSheet([title = Widen(action.text)](HWND sheet) { return GoToPage(sheet, title); });
+            return OnSheet([title = Wide(action.text)](HWND sheet) { return GoToPage(sheet, title); });
         case Verb::ExpectPage:
             return OnSheet([wanted = action.text](HWND sheet) {
-                return Mismatch("the page", Quoted(Narrow(CurrentPage(sheet))), Quoted(wanted));
+                return Mismatch("the page", Quoted(Utf8(CurrentPage(sheet))), Quoted(wanted));
             });
         case Verb::Press: return Press(action);
         case Verb::Reopen: return Reopen(action);
         case Verb::Answer: return OnBox([button = action.control](HWND box) { return Answer(box, button); });
         case Verb::ExpectMessage:
             return OnBox([wanted = action.text](HWND box) { return ExpectMessage(box, wanted); });
-        case Verb::Screenshot: return Screenshot(Widen(action.text));
+        case Verb::Screenshot: return Screenshot(Wide(action.text));
         case Verb::Wait: return Wait(action.number);
         case Verb::PrintText: return Print(action.text);
         case Verb::PrintBank:

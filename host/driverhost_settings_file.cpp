@@ -3,9 +3,12 @@
 #include "Common/win_handles.h"
 #include "host/driverhost_text.h"
 #include "host/dump.h"
+#include "host/whole_file.h"
+#include "host/wide.h"
 
 #include <array>
 #include <cwchar>
+#include <span>
 #include <string_view>
 
 #include <windows.h>
@@ -16,7 +19,7 @@ namespace driverhost {
 namespace {
 
 // Public part and extra are counted in 16 bits each.
-constexpr LONGLONG kMaximumSize = 2 * 0xFFFF;
+constexpr std::size_t kMaximumSize = 2 * 0xFFFF;
 
 UniqueHandle OpenFile(const std::wstring& file, DWORD access, DWORD disposition) {
     const HANDLE handle = CreateFileW(file.c_str(), access, FILE_SHARE_READ, nullptr, disposition,
@@ -48,7 +51,7 @@ std::wstring Folder() {
 }
 
 std::string Refusal(const std::wstring& file, const std::string& reason) {
-    return "the stored settings in " + Narrow(file) + " can't be used: " + reason;
+    return "the stored settings in " + Utf8(file) + " can't be used: " + reason;
 }
 
 bool WriteWhole(const std::wstring& file, const std::vector<std::byte>& bytes) {
@@ -71,23 +74,19 @@ std::vector<std::byte> SettingsFile::Load(std::string& error) const {
             error = Refusal(m_file, ErrorText(reason));
         return {};
     }
-    LARGE_INTEGER size{};
-    if (!GetFileSizeEx(handle.Get(), &size) || size.QuadPart > kMaximumSize) {
-        error = Refusal(m_file, "it is longer than a DEVMODE can be");
+    const auto text = ReadWhole(handle.Get(), kMaximumSize);
+    if (!text) {
+        const DWORD reason = GetLastError();
+        error = Refusal(m_file, reason == ERROR_FILE_TOO_LARGE ? "it is longer than a DEVMODE can be"
+                                                               : ErrorText(reason));
         return {};
     }
-    std::vector<std::byte> bytes(static_cast<std::size_t>(size.QuadPart));
-    DWORD read = 0;
-    if (!ReadFile(handle.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr) ||
-        read != bytes.size()) {
-        error = Refusal(m_file, ErrorText(GetLastError()));
-        return {};
-    }
+    const auto bytes = std::as_bytes(std::span(*text));
     if (const std::string trouble = dump::Trouble(bytes); !trouble.empty()) {
         error = Refusal(m_file, trouble);
         return {};
     }
-    return bytes;
+    return {bytes.begin(), bytes.end()};
 }
 
 std::string SettingsFile::Store(const std::vector<std::byte>& devmode) const {
@@ -98,14 +97,14 @@ std::string SettingsFile::Store(const std::vector<std::byte>& devmode) const {
         return "";
     const DWORD reason = GetLastError();
     DeleteFileW(fresh.c_str());
-    return "the settings can't be stored in " + Narrow(m_file) + ": " + ErrorText(reason);
+    return "the settings can't be stored in " + Utf8(m_file) + ": " + ErrorText(reason);
 }
 
 std::string SettingsFile::Forget() const {
     if (DeleteFileW(m_file.c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND ||
         GetLastError() == ERROR_PATH_NOT_FOUND)
         return "";
-    return Narrow(m_file) + " can't be deleted: " + ErrorText(GetLastError());
+    return Utf8(m_file) + " can't be deleted: " + ErrorText(GetLastError());
 }
 
 } // namespace driverhost

@@ -2,6 +2,7 @@
 
 #include "Common/win_handles.h"
 #include "host/driverhost_text.h"
+#include "host/wide.h"
 
 #include <vector>
 
@@ -50,7 +51,7 @@ std::vector<std::byte> LoadChecked(const std::wstring& printerName, const Driver
     if (!error.empty() || stored.empty())
         return {};
     if (const std::string refusal = driver.Refusal(printerName, stored); !refusal.empty()) {
-        error = "the stored settings in " + Narrow(settings.File()) + " can't be used: " + refusal;
+        error = "the stored settings in " + Utf8(settings.File()) + " can't be used: " + refusal;
         return {};
     }
     return stored;

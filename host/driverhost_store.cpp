@@ -1,9 +1,9 @@
 #include "host/driverhost_store.h"
 
 #include "host/driverhost_text.h"
+#include "host/module_function.h"
 
 #include <array>
-#include <cstring>
 #include <vector>
 
 #include <windows.h>
@@ -20,19 +20,11 @@ struct Value {
 };
 
 constexpr std::array kValues{
-#define ZR_U32(name) Value{#name, Type::U32, 0},
-#define ZR_I32(name) Value{#name, Type::I32, 0},
-#define ZR_U64(name) Value{#name, Type::U64, 0},
+#define ZR_NAMED_VALUE(name, type) Value{#name, Type::type, 0},
 #define ZR_TEXT_VALUE(name, width) Value{#name, Type::Text, width},
 #define ZR_U32_SET_ONLY(name) Value{#name, Type::SetOnly, 0},
 #define ZR_TEXT_SET_ONLY(name, width) Value{#name, Type::SetOnly, width},
 #include "session/named_values.def"
-#undef ZR_U32
-#undef ZR_I32
-#undef ZR_U64
-#undef ZR_TEXT_VALUE
-#undef ZR_U32_SET_ONLY
-#undef ZR_TEXT_SET_ONLY
 };
 
 const Value* Find(const std::string& name) {
@@ -50,12 +42,9 @@ Function Operation(const std::string& name, std::string& error) {
         error = "DataManager.dll is not loaded";
         return nullptr;
     }
-    const FARPROC address = GetProcAddress(module, name.c_str());
-    if (!address)
+    const auto function = FunctionOf<Function>(module, name.c_str());
+    if (!function)
         error = "DataManager.dll has no " + name;
-    Function function = nullptr;
-    static_assert(sizeof function == sizeof address);
-    std::memcpy(&function, &address, sizeof function);
     return function;
 }
 
@@ -75,7 +64,7 @@ StoreAnswer TextValue(const std::string& operation, std::size_t width) {
     std::vector<char> text(width + 1);
     if (const auto get = Operation<void (*)(char*)>(operation, answer.error)) {
         get(text.data());
-        answer.value = NarrowAnsi(text.data());
+        answer.value = Utf8OfAnsi(text.data());
     }
     return answer;
 }

@@ -1,5 +1,7 @@
 #include "host/driverhost_text.h"
 
+#include "host/wide.h"
+
 #include <windows.h>
 
 #include <array>
@@ -7,19 +9,11 @@
 namespace driverhost {
 namespace {
 
-std::wstring WidenFrom(UINT page, std::string_view text) {
-    const int size = static_cast<int>(text.size());
-    std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(page, 0, text.data(), size, nullptr, 0)),
-                      L'\0');
-    MultiByteToWideChar(page, 0, text.data(), size, wide.data(), static_cast<int>(wide.size()));
-    return wide;
-}
-
 void Write(DWORD handle, std::string_view utf8) {
     const HANDLE output = GetStdHandle(handle);
     DWORD written = 0;
     if (DWORD mode = 0; GetConsoleMode(output, &mode)) {
-        const std::wstring wide = Widen(utf8);
+        const std::wstring wide = Wide(utf8);
         WriteConsoleW(output, wide.data(), static_cast<DWORD>(wide.size()), &written, nullptr);
         return;
     }
@@ -28,22 +22,12 @@ void Write(DWORD handle, std::string_view utf8) {
 
 } // namespace
 
-std::wstring Widen(std::string_view utf8) {
-    return WidenFrom(CP_UTF8, utf8);
-}
-
-std::string Narrow(std::wstring_view wide) {
-    const int size = static_cast<int>(wide.size());
-    std::string text(static_cast<std::size_t>(
-                         WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, nullptr, 0, nullptr, nullptr)),
-                     '\0');
-    WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, text.data(), static_cast<int>(text.size()), nullptr,
-                        nullptr);
-    return text;
-}
-
-std::string NarrowAnsi(std::string_view ansi) {
-    return Narrow(WidenFrom(CP_ACP, ansi));
+std::string Utf8OfAnsi(std::string_view ansi) {
+    const int size = static_cast<int>(ansi.size());
+    std::wstring wide(ansi.size(), L'\0');
+    wide.resize(
+        static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, ansi.data(), size, wide.data(), size)));
+    return Utf8(wide);
 }
 
 void Print(std::string_view utf8) {
@@ -60,7 +44,7 @@ std::string ErrorText(unsigned long error) {
     while (length > 0 && (buffer[length - 1] == L'\n' || buffer[length - 1] == L'\r'))
         --length;
     return "error " + std::to_string(error) +
-           (length > 0 ? " (" + Narrow({buffer.data(), length}) + ")" : std::string());
+           (length > 0 ? " (" + Utf8({buffer.data(), length}) + ")" : std::string());
 }
 
 } // namespace driverhost

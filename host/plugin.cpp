@@ -1,6 +1,7 @@
 #include "host/plugin.h"
 
 #include "host/failure.h"
+#include "host/module_function.h"
 #include "host/wide.h"
 
 #include <algorithm>
@@ -62,8 +63,7 @@ void Plugin::LoadFromFolder(const DriverFiles& files, const std::wstring& name) 
         throw Failure("The plug-in " + Utf8(path) + " can't be loaded, error " +
                       std::to_string(GetLastError()) + ".");
     using GetClassObject = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
-    auto getClassObject = reinterpret_cast<GetClassObject>(
-        reinterpret_cast<void*>(GetProcAddress(m_module.Get(), "DllGetClassObject")));
+    auto getClassObject = FunctionOf<GetClassObject>(m_module.Get(), "DllGetClassObject");
     if (!getClassObject)
         throw Failure("The plug-in " + Utf8(path) + " has no class.");
     IClassFactory* factory = nullptr;

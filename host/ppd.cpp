@@ -1,6 +1,7 @@
 #include "host/ppd.h"
 
 #include "host/ppd_parser.h"
+#include "host/utf8.h"
 
 #include <algorithm>
 

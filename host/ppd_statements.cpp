@@ -1,5 +1,7 @@
 #include "host/ppd_statements.h"
 
+#include "host/utf8.h"
+
 #include <algorithm>
 
 namespace ppd {
@@ -38,25 +40,6 @@ bool AppendHex(std::string_view part, std::string& out) {
     return high < 0;
 }
 
-// The bytes of the UTF-8 sequence that begins `text`; 0 if none does.
-std::size_t SequenceLength(std::string_view text) {
-    auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    unsigned char lead = byte(0);
-    if (lead < 0x80)
-        return 1;
-    std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-    if (lead < 0xC2 || lead > 0xF4 || text.size() < length)
-        return 0;
-    for (std::size_t i = 1; i < length; ++i)
-        if ((byte(i) & 0xC0) != 0x80)
-            return 0;
-    // Overlong forms, surrogates and what lies behind the last code point.
-    if ((lead == 0xE0 && byte(1) < 0xA0) || (lead == 0xED && byte(1) >= 0xA0) ||
-        (lead == 0xF0 && byte(1) < 0x90) || (lead == 0xF4 && byte(1) >= 0x90))
-        return 0;
-    return length;
-}
-
 } // namespace
 
 std::string_view Trim(std::string_view text) {
@@ -73,16 +56,6 @@ std::string_view TakeWord(std::string_view& text) {
     std::string_view word = text.substr(0, static_cast<std::size_t>(end - text.begin()));
     text.remove_prefix(word.size());
     return word;
-}
-
-bool IsUtf8(std::string_view text) {
-    while (!text.empty()) {
-        std::size_t length = SequenceLength(text);
-        if (length == 0)
-            return false;
-        text.remove_prefix(length);
-    }
-    return true;
 }
 
 std::optional<std::string> DecodeText(std::string_view text) {

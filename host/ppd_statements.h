@@ -49,6 +49,4 @@ std::string_view TakeWord(std::string_view& text);
 // isn't UTF-8, or it is longer than kMaxTextLength.
 std::optional<std::string> DecodeText(std::string_view text);
 
-bool IsUtf8(std::string_view text);
-
 } // namespace ppd

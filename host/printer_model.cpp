@@ -1,5 +1,7 @@
 #include "host/printer_model.h"
 
+#include "host/utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -62,27 +64,6 @@ DotsPerInch ParseResolution(std::string_view keyword) {
 }
 
 } // namespace
-
-std::u16string Utf16(std::string_view text) {
-    std::u16string out;
-    for (std::size_t i = 0; i < text.size();) {
-        auto lead = static_cast<unsigned char>(text[i]);
-        std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-        if (i + length > text.size())
-            break;
-        char32_t code = length == 1 ? lead : lead & (0x7Fu >> length);
-        for (std::size_t k = 1; k < length; ++k)
-            code = code << 6 | (static_cast<unsigned char>(text[i + k]) & 0x3F);
-        if (code >= 0x10000) {
-            out.push_back(static_cast<char16_t>(0xD7C0 + (code >> 10)));
-            out.push_back(static_cast<char16_t>(0xDC00 + (code & 0x3FF)));
-        } else {
-            out.push_back(static_cast<char16_t>(code));
-        }
-        i += length;
-    }
-    return out;
-}
 
 int TenthsOfMillimetre(double points) {
     return static_cast<int>(std::lround(points * 254.0 / 72.0));

@@ -87,8 +87,5 @@ class PrinterModel {
     std::vector<DotsPerInch> m_resolutions;
 };
 
-// `text` must be UTF-8, as all texts of a read description are.
-std::u16string Utf16(std::string_view text);
-
 int TenthsOfMillimetre(double points);
 int ThousandthsOfMillimetre(double points);

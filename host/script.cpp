@@ -1,5 +1,7 @@
 #include "host/script.h"
 
+#include "host/utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -95,30 +97,9 @@ bool IsBlank(char c) {
     return c == ' ' || c == '\t';
 }
 
-// The length of the well-formed UTF-8 sequence at the head of `text`, 0 if there is none.
-std::size_t SequenceLength(std::string_view text) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned char lead = byte(0);
-    if (lead < 0x80)
-        return 1;
-    const std::size_t length = lead >= 0xC2 && lead <= 0xDF   ? 2
-                               : (lead & 0xF0) == 0xE0        ? 3
-                               : lead >= 0xF0 && lead <= 0xF4 ? 4
-                                                              : 0;
-    if (length == 0 || text.size() < length)
-        return 0;
-    for (std::size_t i = 1; i < length; ++i)
-        if ((byte(i) & 0xC0) != 0x80)
-            return 0;
-    const bool overlong = (lead == 0xE0 && byte(1) < 0xA0) || (lead == 0xF0 && byte(1) < 0x90);
-    const bool surrogate = lead == 0xED && byte(1) > 0x9F;
-    const bool beyond = lead == 0xF4 && byte(1) > 0x8F;
-    return overlong || surrogate || beyond ? 0 : length;
-}
-
 void CheckCharacters(std::string_view line) {
     while (!line.empty()) {
-        const std::size_t length = SequenceLength(line);
+        const std::size_t length = Utf8SequenceLength(line);
         if (length == 0)
             Fail("not UTF-8");
         const unsigned char lead = static_cast<unsigned char>(line.front());

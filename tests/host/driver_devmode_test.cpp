@@ -1,22 +1,17 @@
 #include "host/driver_devmode.h"
 
+#include "tests/support/file_contents.h"
+
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <random>
 
 namespace {
 
 constexpr std::size_t kBlock = 64;
 
-std::string Description() {
-    std::ifstream file(ZR_TEST_DATA_DIR "/small.ppd", std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-PrinterModel MakeModel(Language language = Language::Japanese, std::string text = Description()) {
+PrinterModel MakeModel(Language language = Language::Japanese, std::string text = SmallPpd()) {
     return {std::get<ppd::PpdFile>(ppd::Parse(text)), language};
 }
 
@@ -221,7 +216,7 @@ TEST(DriverDevMode, PassesOverADirectionThatNoCustomPageHas) {
 }
 
 std::string WithOptions(std::string_view behind, std::string_view options) {
-    std::string text = Description();
+    std::string text = SmallPpd();
     return text.insert(text.find(behind), options);
 }
 
@@ -286,7 +281,7 @@ TEST(DriverDevMode, PassesOverPublicFieldsThatAreNotSetOrOutOfRange) {
 }
 
 TEST(DriverDevMode, MapsTwoSidedPrinting) {
-    std::string text = Description();
+    std::string text = SmallPpd();
     text += "*OpenUI *DuplexMode/Duplex: PickOne\n*DefaultDuplexMode: None\n*DuplexMode None/Off: \"\"\n"
             "*DuplexMode LongEdge/Long: \"\"\n*DuplexMode ShortEdge/Short: \"\"\n"
             "*DuplexMode SameHead/Same: \"\"\n*CloseUI: *DuplexMode\n";
@@ -421,7 +416,7 @@ TEST(PrinterModel, TakesTheEnglishTextWhereTheJapaneseIsMissing) {
 }
 
 TEST(PrinterModel, ReadsFiguresOfResolutions) {
-    std::string text = Description();
+    std::string text = SmallPpd();
     text.replace(text.find("*Resolution 1200x1200dpi"), 24, "*Resolution 1200x600dpi");
     PrinterModel model = MakeModel(Language::English, text);
     EXPECT_EQ(model.Resolutions()[1].x, 1200);

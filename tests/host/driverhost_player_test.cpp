@@ -4,6 +4,7 @@
 
 #include "host/driverhost_text.h"
 #include "tests/host/driverhost_sheet.h"
+#include "tests/support/utf8_text.h"
 
 #include <gtest/gtest.h>
 
@@ -19,10 +20,6 @@
 #include <prsht.h>
 
 namespace {
-
-std::string Utf8(const char8_t* text) {
-    return reinterpret_cast<const char*>(text);
-}
 
 // What the sheet of one test has seen.
 struct Seen {

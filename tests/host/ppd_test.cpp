@@ -1,27 +1,13 @@
 #include "host/ppd.h"
 
+#include "tests/support/file_contents.h"
+#include "tests/support/utf8_text.h"
+
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <string>
 
 namespace {
-
-std::string ReadFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    EXPECT_TRUE(file) << path;
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::string SmallPpd() {
-    return ReadFile(ZR_TEST_DATA_DIR "/small.ppd");
-}
-
-// Plain literals are in the product's code page.
-std::string Utf8(const char8_t* text) {
-    return reinterpret_cast<const char*>(text);
-}
 
 ppd::PpdFile MustParse(const std::string& text) {
     auto result = ppd::Parse(text);
@@ -373,7 +359,7 @@ TEST(Ppd, SurvivesBeingCutAnywhere) {
 }
 
 TEST(Ppd, ReadsTheDescriptionOfTheX100) {
-    ppd::PpdFile file = MustParse(ReadFile(ZR_RESOURCES_DIR "/x100.ppd"));
+    ppd::PpdFile file = MustParse(FileContents(ZR_RESOURCES_DIR "/x100.ppd"));
     EXPECT_EQ(file.nickName, "Zephra Orvane X100");
     EXPECT_GT(file.features.size(), 300u);
     EXPECT_EQ(file.papers.size(), file.features.at(file.FindFeature("PageSize").value()).options.size());

@@ -1,5 +1,7 @@
 #include "host/script.h"
 
+#include "tests/support/utf8_text.h"
+
 #include <gtest/gtest.h>
 
 #include <random>
@@ -10,11 +12,6 @@ namespace {
 using script::Action;
 using script::Parse;
 using script::Verb;
-
-// Script text is UTF-8 whatever the literals of the build are.
-std::string Utf8(const char8_t* text) {
-    return reinterpret_cast<const char*>(text);
-}
 
 Action Only(const std::string& text) {
     const script::Script script = Parse(text);

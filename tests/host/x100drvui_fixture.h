@@ -3,8 +3,11 @@
 #pragma once
 
 #include "host/driver_devmode.h"
+#include "host/module_function.h"
 #include "host/x100drvui.h"
 #include "test_plugin.h"
+#include "tests/support/file_contents.h"
+#include "tests/support/own_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +24,7 @@ class X100DrvUiTest : public ::testing::Test {
         std::filesystem::create_directories(m_folder);
         CopyBeside(L"x100drvui.dll", L"x100drvui.dll");
         CopyBeside(L"test_plugin.dll", L"test_plugin.dll");
-        WriteDescription(Description());
+        WriteDescription(SmallPpd());
         WriteText(L"x100.ini", "[OEMFiles]\r\nOEMConfigFile1=test_plugin.dll\r\n");
         m_module = LoadLibraryW((m_folder / L"x100drvui.dll").c_str());
         m_plugin = LoadLibraryW((m_folder / L"test_plugin.dll").c_str());
@@ -36,33 +39,23 @@ class X100DrvUiTest : public ::testing::Test {
         std::filesystem::remove_all(m_folder, error);
     }
 
-    template <class Pointer>
-    static Pointer Function(HMODULE module, const char* name) {
-        return reinterpret_cast<Pointer>(reinterpret_cast<void*>(GetProcAddress(module, name)));
-    }
-
-    static std::string Description() {
-        std::ifstream file(ZR_TEST_DATA_DIR "/small.ppd", std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
     void WriteText(const wchar_t* name, const std::string& text) {
         std::ofstream(m_folder / name, std::ios::binary) << text;
     }
     void WriteDescription(const std::string& text) { WriteText(L"x100.ppd", text); }
 
-    std::string Calls() const { return Function<PFNTESTPLUGINCALLS>(m_plugin, "TestPluginCalls")(); }
+    std::string Calls() const { return FunctionOf<PFNTESTPLUGINCALLS>(m_plugin, "TestPluginCalls")(); }
 
-    void ForgetCalls() { m_hooks = Function<PFNTESTPLUGINCONTROL>(m_plugin, "TestPluginControl")(); }
+    void ForgetCalls() { m_hooks = FunctionOf<PFNTESTPLUGINCONTROL>(m_plugin, "TestPluginControl")(); }
 
     std::wstring Message() const {
         std::wstring text(512, L'\0');
-        text.resize(Function<PFNX100GETLASTMESSAGE>(m_module, "X100GetLastMessage")(text.data(), 512));
+        text.resize(FunctionOf<PFNX100GETLASTMESSAGE>(m_module, "X100GetLastMessage")(text.data(), 512));
         return text;
     }
 
     PFNDRVPROPERTYSHEETS DocumentFunction() const {
-        return Function<PFNDRVPROPERTYSHEETS>(m_module, "DrvDocumentPropertySheets");
+        return FunctionOf<PFNDRVPROPERTYSHEETS>(m_module, "DrvDocumentPropertySheets");
     }
 
     static DOCUMENTPROPERTYHEADER Header(DWORD mode, std::vector<std::byte>* in,
@@ -86,6 +79,12 @@ class X100DrvUiTest : public ::testing::Test {
         DOCUMENTPROPERTYHEADER header = Header(DM_OUT_BUFFER, nullptr, &devmode);
         EXPECT_EQ(DocumentFunction()(nullptr, reinterpret_cast<LPARAM>(&header)), IDOK);
         return devmode;
+    }
+
+    // Brings a caller's DEVMODE into a whole one, without a sheet: IDOK or -1.
+    LONG TakeOver(std::vector<std::byte>& in, std::vector<std::byte>& out) const {
+        DOCUMENTPROPERTYHEADER header = Header(DM_IN_BUFFER | DM_OUT_BUFFER, &in, &out);
+        return DocumentFunction()(nullptr, reinterpret_cast<LPARAM>(&header));
     }
 
     // Opens the document sheet; its page presses a button by itself. Gives the sheet's result.
@@ -117,9 +116,9 @@ class X100DrvUiTest : public ::testing::Test {
 
   private:
     void CopyBeside(const wchar_t* source, const wchar_t* target) {
-        wchar_t self[1024];
-        GetModuleFileNameW(nullptr, self, 1024);
-        std::filesystem::copy_file(std::filesystem::path(self).parent_path() / source, m_folder / target,
+        std::filesystem::copy_file(OwnFolder() / source, m_folder / target,
                                    std::filesystem::copy_options::overwrite_existing);
     }
 };
+
+class DocumentSheetTest : public X100DrvUiTest {};

@@ -2,8 +2,10 @@
 #include "Common/win_handles.h"
 #include "host/driver_devmode.h"
 #include "host/install_printer.h"
+#include "host/module_function.h"
 #include "host/x100drvui.h"
 #include "test_plugin.h"
+#include "tests/support/own_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -39,8 +41,7 @@ class SpoolerTest : public ::testing::Test {
         std::wstring name = kTestPrinter;
         ASSERT_TRUE(OpenPrinterW(name.data(), m_printer.Receive(), nullptr));
         m_plugin = LoadLibraryW((m_installed.driverDirectory + L"\\test_plugin.dll").c_str());
-        m_hooks = reinterpret_cast<PFNTESTPLUGINCONTROL>(
-            reinterpret_cast<void*>(GetProcAddress(m_plugin, "TestPluginControl")))();
+        m_hooks = FunctionOf<PFNTESTPLUGINCONTROL>(m_plugin, "TestPluginControl")();
     }
 
     void TearDown() override {
@@ -49,12 +50,6 @@ class SpoolerTest : public ::testing::Test {
         RemovePrinter(kTestPrinter);
         std::error_code error;
         std::filesystem::remove_all(m_folder, error);
-    }
-
-    static std::filesystem::path OwnFolder() {
-        wchar_t self[1024];
-        GetModuleFileNameW(nullptr, self, 1024);
-        return std::filesystem::path(self).parent_path();
     }
 
     LONG Properties(DWORD mode, DEVMODEW* out, DEVMODEW* in) {
@@ -72,8 +67,7 @@ class SpoolerTest : public ::testing::Test {
 
     static DWORD LastSheetResult() {
         HMODULE module = GetModuleHandleW(L"x100drvui.dll");
-        return reinterpret_cast<PFNX100GETLASTSHEETRESULT>(
-            reinterpret_cast<void*>(GetProcAddress(module, "X100GetLastSheetResult")))();
+        return FunctionOf<PFNX100GETLASTSHEETRESULT>(module, "X100GetLastSheetResult")();
     }
 
     static DEVMODEW* Public(std::vector<std::byte>& devmode) {
