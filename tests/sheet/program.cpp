@@ -1,5 +1,7 @@
 #include "tests/sheet/program.h"
 
+#include "tests/support/own_folder.h"
+
 #include <array>
 #include <cstdio>
 #include <cwchar>
@@ -12,7 +14,7 @@ namespace {
 
 // No argument of the tests holds a quote or ends in a backslash.
 std::wstring CommandLine(const std::vector<std::wstring>& words) {
-    std::wstring line = L"\"" + TestFolder() + L"\\driverhost.exe\"";
+    std::wstring line = L"\"" + (OwnFolder() / L"driverhost.exe").wstring() + L"\"";
     for (const std::wstring& word : words)
         line += L" \"" + word + L"\"";
     return line;
@@ -51,13 +53,6 @@ bool Start(std::wstring& line, STARTUPINFOW& startup, PROCESS_INFORMATION& proce
 }
 
 } // namespace
-
-std::wstring TestFolder() {
-    std::array<wchar_t, MAX_PATH> path{};
-    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    const std::wstring name(path.data(), length);
-    return name.substr(0, name.find_last_of(L'\\'));
-}
 
 ProgramResult RunDriverhost(const std::vector<std::wstring>& words) {
     constexpr DWORD kLimit = 100'000;

@@ -9,9 +9,6 @@ struct ProgramResult {
     std::string output; // both of its outputs
 };
 
-// The folder of the running test, without a closing backslash.
-std::wstring TestFolder();
-
 ProgramResult RunDriverhost(const std::vector<std::wstring>& words);
 
 // A file of tests/sheet/scripts.

@@ -2,6 +2,7 @@
 // and keeps the settings. Each test starts without printer and settings. 1363 is the print quality of the
 // page 詳細設定, whose rows are those of keyword 305, and 1362 its button that restores the defaults.
 #include "tests/sheet/program.h"
+#include "tests/support/own_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -136,8 +137,13 @@ TEST_F(Sheet, RefusesEmptyStoredSettings) {
     ExpectRefusal({}, "0 bytes are too few for a DEVMODE");
 }
 
+TEST_F(Sheet, RefusesStoredSettingsThatAreLongerThanADevModeCanBe) {
+    PLAY(L"choose_quality.txt");
+    ExpectRefusal(std::vector<char>(2 * 65535 + 1), "it is longer than a DEVMODE can be");
+}
+
 TEST_F(Sheet, RefusesABrokenDescriptionAndInstallsNothing) {
-    const std::wstring file = TestFolder() + L"\\broken.ppd";
+    const std::wstring file = OwnFolder() / L"broken.ppd";
     const std::string text = "*PPD-Adobe: \"4.3\"\n*OpenUI *Duplex";
     WriteBytes(file, {text.begin(), text.end()});
     const ProgramResult result = RunDriverhost({L"--ppd", file, L"--script", ScriptFile(L"pages.txt")});
@@ -149,7 +155,7 @@ TEST_F(Sheet, RefusesABrokenDescriptionAndInstallsNothing) {
 
 TEST_F(Sheet, OpensOnAnotherDescription) {
     const ProgramResult result =
-        RunDriverhost({L"--ppd", TestFolder() + L"\\x100.ppd", L"--script", ScriptFile(L"pages.txt")});
+        RunDriverhost({L"--ppd", OwnFolder() / L"x100.ppd", L"--script", ScriptFile(L"pages.txt")});
     EXPECT_EQ(result.status, 0u) << result.output;
 }
 
