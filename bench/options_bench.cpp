@@ -10,8 +10,7 @@ namespace {
 
 constexpr int kLastOption = 49;
 
-// Every list from its first to its last option, as the combo boxes ask for them; the figure is that of one
-// text.
+// A list from its first to its last option, as a combo box asks for it; the figure is that of one text.
 void OptionText(benchmark::State& state) {
     const int item = static_cast<int>(state.range(0));
     int count = 0;

@@ -48,8 +48,8 @@ std::string& LookupOptionTag(std::string& result, std::string_view tag);
 //   buffer null: *index receives the number of options, the result is 1.
 //   else:        buffer receives the text of option *index, cut to `bufferSize` bytes, and the result is 1.
 //                If the list ends before that option, the buffer is left alone and the result is 0.
-// A list ends at its text "(サイズ混在)" as seen from any higher index: such an index gets that text. Copies
-// and Scale have no list but any number for an option, and answer 0 to a null buffer.
+// A list ends at its text "(サイズ混在)" as seen from any higher or negative index: such an index gets that
+// text. Copies and Scale have no list but any number for an option, and answer 0 to a null buffer.
 int GetPrintOptionStringList(const int* key, char* buffer, std::size_t bufferSize, int* index);
 
 namespace UICommon {

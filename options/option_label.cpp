@@ -1,10 +1,10 @@
 #include "Common/strings.h"
 #include "Common/text.h"
 #include "options/PrintOptionSetting.h"
+#include "options/item_index.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <optional>
 #include <span>
 
@@ -54,24 +54,11 @@ static_assert(std::ranges::all_of(kLabels,
                                   [](const Label& label) { return label.text || TagText(label.tag); }),
               "a label names a tag that is not in the tag table");
 
-// Position in kLabels plus 1 by item, 0 for an item without a label.
-constexpr auto kLabelOfItem = [] {
-    std::array<std::uint8_t, option_item::Limit> index{};
-    for (std::size_t i = 0; i < kLabels.size(); ++i)
-        index[static_cast<std::size_t>(kLabels[i].item)] = static_cast<std::uint8_t>(i + 1);
-    return index;
-}();
-
-const Label* FindLabel(int item) {
-    if (item < 0 || item >= option_item::Limit)
-        return nullptr;
-    const std::uint8_t position = kLabelOfItem[static_cast<std::size_t>(item)];
-    return position ? &kLabels[position - 1u] : nullptr;
-}
+constexpr ItemIndex kLabelOfItem(kLabels);
 
 // The whole label with its accelerator.
 std::optional<std::string> LabelText(int item) {
-    const Label* label = FindLabel(item);
+    const Label* label = kLabelOfItem.Find(kLabels, item);
     if (!label)
         return std::nullopt;
     std::string text;
@@ -95,10 +82,9 @@ int GiveLabel(const std::optional<std::string>& label, char* buffer, std::size_t
 } // namespace
 
 std::string& LookupOptionTag(std::string& result, std::string_view tag) {
-    result.clear();
     std::array<char, 64> text;
-    if (const unsigned id = TagText(tag))
-        result.assign(text.data(), LoadText(id, text));
+    const unsigned id = TagText(tag);
+    result.assign(text.data(), id ? LoadText(id, text) : 0);
     return result;
 }
 

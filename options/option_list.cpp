@@ -1,11 +1,11 @@
 #include "Common/strings.h"
 #include "Common/text.h"
 #include "options/PrintOptionSetting.h"
+#include "options/item_index.h"
 #include "resources/resource.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <iterator>
 #include <limits>
 #include <span>
@@ -102,24 +102,7 @@ constexpr auto kLists = [] {
     };
 }();
 
-// Position in kLists plus 1 by item, 0 for an item without a list.
-constexpr auto kListOfItem = [] {
-    std::array<std::uint8_t, option_item::Limit> index{};
-    for (std::size_t i = 0; i < kLists.size(); ++i) {
-        std::uint8_t& position = index[static_cast<std::size_t>(kLists[i].item)];
-        if (position)
-            throw "an item has two lists";
-        position = static_cast<std::uint8_t>(i + 1);
-    }
-    return index;
-}();
-
-const List* FindList(int item) {
-    if (item < 0 || item >= option_item::Limit)
-        return nullptr;
-    const std::uint8_t position = kListOfItem[static_cast<std::size_t>(item)];
-    return position ? &kLists[position - 1u] : nullptr;
-}
+constexpr ItemIndex kListOfItem(kLists);
 
 std::string TextOf(const Option& option) {
     return LoadText(option.text).append(option.suffix);
@@ -145,7 +128,7 @@ int GetPrintOptionStringList(const int* key, char* buffer, std::size_t bufferSiz
     if (*key == keyword::Scale)
         return NumberText(*index, "%", buffer, bufferSize);
 
-    const List* list = FindList(*key);
+    const List* list = kListOfItem.Find(kLists, *key);
     if (!list)
         return 0;
     if (!buffer) {
