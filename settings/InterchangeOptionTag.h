@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,14 +16,11 @@ int GetTagNumberFromPreset(int keyword, int optionIndex, std::int32_t* tagNumber
 // The first option that has this tag number: 1, or 0 with *optionIndex left alone if none has.
 int GetOptionIndexFromTagNumber(int keyword, std::int32_t tagNumber, int* optionIndex);
 
-// The index of the first element that equals `tagNumber`, -1 if there is none.
-int FirstIndexOf(std::span<const std::int32_t> tagNumbers, std::int32_t tagNumber);
-
 inline constexpr int kTagCount = 864;
 
 // The short tags of settings, each with the long name that is its element's name in a favourite file and the
-// Japanese description that stands there as a comment above it, in the process's ANSI code page. A search
-// that finds nothing leaves its outputs alone.
+// Japanese description that stands there as a comment above it, in code page 932. A search that finds
+// nothing leaves its outputs alone.
 class CTagTable {
   public:
     void GetTagInfo(std::string_view tag, std::string* longName, std::string* description) const;

@@ -2,10 +2,12 @@
 
 #include "Common/log.h"
 #include "session/keyword.h"
+#include "settings/tag_search.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <span>
 
 namespace {
 
@@ -80,11 +82,6 @@ int GetTagNumberFromPreset(int keyword, int optionIndex, std::int32_t* tagNumber
     }
     *tagNumber = array[optionIndex];
     return 1;
-}
-
-int FirstIndexOf(std::span<const std::int32_t> tagNumbers, std::int32_t tagNumber) {
-    const auto found = std::ranges::find(tagNumbers, tagNumber);
-    return found == tagNumbers.end() ? -1 : static_cast<int>(found - tagNumbers.begin());
 }
 
 int GetOptionIndexFromTagNumber(int keyword, std::int32_t tagNumber, int* optionIndex) {

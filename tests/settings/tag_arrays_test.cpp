@@ -1,5 +1,6 @@
 #include "session/keyword.h"
 #include "settings/InterchangeOptionTag.h"
+#include "settings/tag_search.h"
 #include "tests/support/tag_listing.h"
 
 #include <gtest/gtest.h>

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <map>
 #include <set>
 
 namespace {
@@ -82,16 +81,6 @@ TEST(TagTable, HasUniqueKeysAndUniqueLongNames) {
     }
     EXPECT_EQ(keys.size(), 864u);
     EXPECT_EQ(names.size(), 864u);
-}
-
-TEST(TagTable, DescribesItsTellingRows) {
-    EXPECT_EQ(InfoOf("OTra"), (Info{"Tray", "用紙トレイ"}));
-    EXPECT_EQ(InfoOf("ONOC"), (Info{"NumOfCopies", "部数"}));
-    EXPECT_EQ(InfoOf("PSCPSW"), (Info{"CustomPaperWidth", "PostScript Custom Page Size・幅"}));
-    EXPECT_EQ(InfoOf("Depth"), (Info{"Resolution", "印刷品質"}));
-    EXPECT_EQ(InfoOf("SFCSTy"), (Info{"FrontCoverStkType", "おもて表紙-部単位で挿入-メディアタイプ"}));
-    EXPECT_EQ(InfoOf("EXT_PGSIZE"), (Info{"PaperSizeType", "原稿サイズ"}));
-    EXPECT_EQ(InfoOf("OSMe"), (Info{"StapleMechanism", "ホチキスの機構"}));
 }
 
 TEST(TagTable, KeepsTheKeysThatBreakTheirPattern) {
@@ -232,6 +221,7 @@ TEST(TagTable, RefusesBeginningsAndContinuationsOfANameUnlessTheyAreNamesThemsel
     }
 }
 
+// A lead byte with nothing behind it is a byte like any other here: "OTra\x81" is not "OTra".
 TEST(TagTable, RefusesEmptyOverlongAndForeignTexts) {
     for (const std::string& text :
          {std::string(), std::string(1'000'000, 'O'), std::string("OTra\0", 5), std::string("OTra\x81"),
@@ -248,79 +238,6 @@ TEST(TagTable, TakesATagThatItsOwnOutputHolds) {
     EXPECT_EQ(text, "Tray");
     CTagTable().GetTagFromLongName(text, &text);
     EXPECT_EQ(text, "OTra");
-}
-
-// The characters of a CP932 text, 0 if it is not one.
-int CharacterCount(std::string_view text) {
-    int count = 0;
-    for (std::size_t i = 0; i < text.size(); ++i, ++count) {
-        const auto byte = static_cast<unsigned char>(text[i]);
-        const bool isLead = (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
-        if (byte < 0x20 || byte == 0x7F || (isLead && ++i == text.size()))
-            return 0;
-        if (isLead) {
-            const auto trail = static_cast<unsigned char>(text[i]);
-            if (trail < 0x40 || trail == 0x7F || trail > 0xFC)
-                return 0;
-        }
-    }
-    return count;
-}
-
-TEST(TagDescriptions, HaveOneTo42CharactersInAtMost84Bytes) {
-    EXPECT_EQ(CharacterCount("用紙トレイ"), 5);
-    for (const ListedTag& tag : ListedTags()) {
-        const std::string description = InfoOf(tag.key).description;
-        EXPECT_GE(CharacterCount(description), 1) << tag.key;
-        EXPECT_LE(CharacterCount(description), 42) << tag.key;
-        EXPECT_LE(description.size(), 84u) << tag.key;
-    }
-}
-
-TEST(TagDescriptions, CanStandInAComment) {
-    for (const ListedTag& tag : ListedTags()) {
-        const std::string description = InfoOf(tag.key).description;
-        EXPECT_EQ(description.find("--"), std::string::npos) << tag.key;
-        EXPECT_EQ(description.find_first_of("<>&"), std::string::npos) << tag.key;
-        EXPECT_NE(description.front(), '-') << tag.key;
-        EXPECT_NE(description.back(), '-') << tag.key;
-    }
-}
-
-TEST(TagDescriptions, TellEveryRowFromEveryOther) {
-    std::map<std::string, std::string> keyOf;
-    for (const ListedTag& tag : ListedTags()) {
-        const auto [other, isNew] = keyOf.try_emplace(InfoOf(tag.key).description, tag.key);
-        EXPECT_TRUE(isNew) << other->second << " " << tag.key;
-    }
-}
-
-TEST(TagDescriptions, OfACoverAreThoseOfItsFamily) {
-    const std::map<std::string, std::string> items{
-        {"SFCSTy", "メディアタイプ"},
-        {"SFCSN", "メディア名"},
-        {"SFCSTr", "メディアのトレイ"},
-        {"SFCSPST", "用紙サイズ"},
-        {"SFCSPSN", "用紙サイズ名"},
-        {"SFCSPSW", "用紙サイズの幅"},
-        {"SFCSPSL", "用紙サイズの長さ"},
-        {"SFCSPC", "用紙色"},
-        {"SFCSCPC", "カスタム用紙色"},
-        {"SFCSPT", "用紙種類"},
-        {"SFCSCPT", "カスタム用紙種類"},
-        {"SFCSNOOS", "1組の枚数"},
-        {"SFCSO", "順序"},
-        {"SFCSID", "パンチ穴"},
-        {"SFCSW", "坪量"},
-        {"SFCSSC", "コート面"},
-        {"SFCSCT", "コート種類"},
-        {"SFCSG", "紙目"},
-    };
-    for (const auto& [key, item] : items) {
-        EXPECT_EQ(InfoOf(key).description, "おもて表紙-部単位で挿入-" + item) << key;
-        const std::string back = "SBC" + key.substr(3);
-        EXPECT_EQ(InfoOf(back).description, "うら表紙-部単位で挿入-" + item) << back;
-    }
 }
 
 } // namespace

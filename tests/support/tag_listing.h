@@ -45,3 +45,24 @@ inline std::vector<ListedTag> ListedTags() {
         tags.push_back(tag);
     return tags;
 }
+
+struct ListedTagDescription {
+    int row;
+    std::string key;
+    std::string description; // in UTF-8
+};
+
+// The descriptions of all rows but those of the stock families and of the user marks.
+inline std::vector<ListedTagDescription> ListedTagDescriptions() {
+    std::ifstream file(ZR_TEST_DATA_DIR "/tag_descriptions.tsv");
+    std::string line;
+    std::getline(file, line);
+    std::vector<ListedTagDescription> descriptions;
+    while (std::getline(file, line)) {
+        std::istringstream fields(line);
+        ListedTagDescription& row = descriptions.emplace_back();
+        fields >> row.row >> row.key >> std::ws;
+        std::getline(fields, row.description);
+    }
+    return descriptions;
+}
