@@ -8,6 +8,10 @@
 
 namespace {
 
+// The question and a round for each row: a chain that settles is shorter. What a page sets beside the setting
+// that gives way could turn in a circle otherwise.
+constexpr int kMostRounds = 1 + restriction_group::Count;
+
 std::int32_t DefaultOf(int keyword) {
     std::uint32_t value = 0;
     ExportedFunc_GetDefault(keyword, &value);
@@ -26,19 +30,23 @@ void LogError(const RestrictionCaller& caller, int result) {
         WriteLog("%s() result = %d error\n", caller.function, result);
 }
 
-// False for an answer that is none. A conflict in which no other setting takes part names no keyword, and
-// nothing gives way.
+// False if nothing that the checks read has changed. A conflict in which no other setting takes part names no
+// keyword: in the first round nothing gives way then, in a later one once more what gave way before.
+bool GiveWay(const RestrictionAnswers& answers, int keyword) {
+    const RestrictionValues before = ReadRestrictionValues();
+    if (keyword >= 0)
+        answers.giveWay(keyword);
+    return ReadRestrictionValues() != before;
+}
+
+// False if every later round would be as this one. After a Cancel it would not, even if nothing was to be
+// taken back: from then on the other settings give way.
 bool Act(const RestrictionAnswers& answers, int result, int keyword) {
-    if (result == ask_answer::Ok) {
-        if (keyword >= 0)
-            answers.giveWay(keyword);
-        return true;
+    switch (result) {
+    case ask_answer::Ok: return GiveWay(answers, keyword);
+    case ask_answer::Cancel: answers.takeBack(); return true;
+    default: return false; // no answer
     }
-    if (result == ask_answer::Cancel) {
-        answers.takeBack();
-        return true;
-    }
-    return false;
 }
 
 } // namespace
@@ -67,18 +75,15 @@ RestrictionOutcome ResolveRestrictions(void* hwnd, SessionBlock* session, const 
     int keyword = -1;
     int asked = 0;
     RestrictionOutcome outcome{RestrictionEnd::NoConflict, false};
-    RestrictionValues before = ReadRestrictionValues();
+    int rounds = 0;
     while (CheckRestriction(hwnd, session, caller.group, &result, &keyword, &asked)) {
         outcome.end = RestrictionEnd::Settled;
         outcome.refused = outcome.refused || result == ask_answer::Cancel;
-        const bool acted = Act(answers, result, keyword);
-        const RestrictionValues after = ReadRestrictionValues();
-        if (!acted || after == before) {
+        if (++rounds > kMostRounds || !Act(answers, result, keyword)) {
             LogError(caller, result);
             outcome.end = RestrictionEnd::Failed;
             return outcome;
         }
-        before = after;
     }
     return outcome;
 }

@@ -13,7 +13,6 @@ enum RestrictionGroup : int {
 #include "options/restriction_rows.def"
     Count
 };
-static_assert(Count == 14);
 } // namespace restriction_group
 
 // Whether the settings of the Current bank conflict: 1, or 0 with all three left alone. `hwnd` is an HWND,
@@ -37,8 +36,10 @@ struct RestrictionCaller {
 
 // What a caller does about a conflict.
 struct RestrictionAnswers {
-    // Moves `keyword`, a KeywordId, out of the way: to its default, or, since the pages never change
-    // MixSizePrint, the caller's own setting back to where it was.
+    // Moves `keyword`, a KeywordId, out of the way, as far as this caller does so. Staple, punch and fold
+    // never change MixSizePrint but take their own setting back; duplex and the media dialogs set any keyword
+    // to its default, MixSizePrint too; colour, fold and output paper size know only some keywords and leave
+    // every other one alone. In a round whose conflict names no keyword it comes again with the last one.
     std::function<void(int keyword)> giveWay;
     // The user has declined: the caller's own setting goes back to where it was.
     std::function<void()> takeBack;
@@ -58,7 +59,8 @@ struct RestrictionOutcome {
 };
 
 // Checks, and has the caller act on the answer, until nothing conflicts. The user is asked once; each further
-// conflict gives way silently. Ends as failed on an answer that is none, and after a round that has changed
-// nothing that the checks read, since every later one would be the same.
+// conflict gives way silently, also after a Cancel. Ends as failed on an answer that is none, after a giving
+// way that has changed nothing that the checks read, since every later one would be the same, and after one
+// round more than there are rows.
 RestrictionOutcome ResolveRestrictions(void* hwnd, SessionBlock* session, const RestrictionCaller& caller,
                                        const RestrictionAnswers& answers);

@@ -24,7 +24,7 @@ struct RestrictionRow {
     bool (*takesPart)(const RestrictionValues& values);
 };
 
-// The fourteen rows of restriction_rows.def.
+// The rows of restriction_rows.def, by their number.
 std::span<const RestrictionRow> RestrictionRows();
 
 struct RestrictionConflict {

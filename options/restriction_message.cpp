@@ -7,7 +7,6 @@
 #include "settings/InterchangeOptionTag.h"
 
 #include <algorithm>
-#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -80,17 +79,23 @@ constexpr TellRule kTellRules[] = {
     {false, keyword::Fold, [](std::int32_t tag) { return tag == 12; }},
 };
 
-RestrictionMessageId MixSizePrintMessage(const RestrictionValues& values, const RestrictionRow* own) {
-    if (!own)
-        return RestrictionMessageId::OfferChange;
-    const auto* rule = std::ranges::find_if(kTellRules, [&](const TellRule& each) {
-        return each.mixSizePrintOn == IsMixSizePrintOn(values) && each.ownKeyword == own->keyword;
-    });
-    if (rule == std::end(kTellRules))
-        return RestrictionMessageId::OfferChange;
-    std::int32_t tag = 0; // stays for an option outside the list
-    GetTagNumberFromPreset(own->keyword, values.*own->value, &tag);
-    return rule->applies(tag) ? RestrictionMessageId::TellChange : RestrictionMessageId::OfferChange;
+// The tag numbers of all three finishers are looked up, whichever of them has been changed: each one without
+// a tag leaves a line in the log. 0 for another keyword.
+std::int32_t FinisherTag(const RestrictionValues& values, int ownKeyword) {
+    const auto preset = [](int keyword, std::int32_t option) {
+        std::int32_t tag = 0; // stays for an option outside the list
+        GetTagNumberFromPreset(keyword, option, &tag);
+        return tag;
+    };
+    const std::int32_t staple = preset(keyword::StapleMode, values.StapleMode);
+    const std::int32_t punch = preset(keyword::Punch, values.Punch);
+    const std::int32_t fold = preset(keyword::Fold, values.Fold);
+    switch (ownKeyword) {
+    case keyword::StapleMode: return staple;
+    case keyword::Punch: return punch;
+    case keyword::Fold: return fold;
+    default: return 0;
+    }
 }
 
 std::string FilledMessage(const RestrictionMessage& message) {
@@ -110,6 +115,13 @@ std::string FilledMessage(const RestrictionMessage& message) {
 
 } // namespace
 
+RestrictionMessageId MixSizePrintMessage(bool mixSizePrintOn, int ownKeyword, std::int32_t tag) {
+    const bool tells = std::ranges::any_of(kTellRules, [&](const TellRule& rule) {
+        return rule.mixSizePrintOn == mixSizePrintOn && rule.ownKeyword == ownKeyword && rule.applies(tag);
+    });
+    return tells ? RestrictionMessageId::TellChange : RestrictionMessageId::OfferChange;
+}
+
 RestrictionMessage ComposeRestrictionMessage(const RestrictionValues& values,
                                              const RestrictionConflict& conflict,
                                              std::int32_t (*defaultOf)(int keyword)) {
@@ -118,8 +130,11 @@ RestrictionMessage ComposeRestrictionMessage(const RestrictionValues& values,
         message.nameOther = NameOf(*other);
         message.valueOther = ValueOf(*other, values);
         message.changeTo = ChangeTo(other->keyword, values, defaultOf);
-        if (other->keyword == keyword::MixSizePrint)
-            message.id = MixSizePrintMessage(values, conflict.own);
+        if (other->keyword == keyword::MixSizePrint) {
+            const int ownKeyword = conflict.own ? conflict.own->keyword : -1;
+            message.id =
+                MixSizePrintMessage(IsMixSizePrintOn(values), ownKeyword, FinisherTag(values, ownKeyword));
+        }
     }
     if (conflict.own) {
         message.nameOwn = NameOf(*conflict.own);

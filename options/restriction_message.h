@@ -33,6 +33,10 @@ struct RestrictionMessage {
     AskButtons buttons = AskButtons::OkCancel;
 };
 
+// Which message it is about MixSizePrint, by the setting that the user has just changed and the tag number of
+// its option; 0 stands for an option without one.
+RestrictionMessageId MixSizePrintMessage(bool mixSizePrintOn, int ownKeyword, std::int32_t tag);
+
 // `defaultOf` gives the default option of a keyword.
 RestrictionMessage ComposeRestrictionMessage(const RestrictionValues& values,
                                              const RestrictionConflict& conflict,

@@ -10,11 +10,20 @@ namespace {
 
 class RestrictionBox : public testing::Test {
   protected:
-    RestrictionBox() { ExportedFunc_InitializeDataManager(); }
-
-    int Check(int group) {
-        return CheckRestriction(GetDesktopWindow(), nullptr, group, &result, &keywordInWay, &asked);
+    RestrictionBox()
+        : owner(CreateWindowA("Static", "owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 100, nullptr,
+                              nullptr, nullptr, nullptr)) {
+        ExportedFunc_InitializeDataManager();
     }
+    ~RestrictionBox() override { DestroyWindow(owner); }
+
+    void SetUp() override { ASSERT_TRUE(owner); }
+
+    int Check(int group) { return CheckRestriction(owner, nullptr, group, &result, &keywordInWay, &asked); }
+
+    static HICON ExclamationMark() { return LoadIconA(nullptr, IDI_EXCLAMATION); }
+
+    HWND owner;
 
     int result = -1;
     int keywordInWay = -1;
@@ -33,6 +42,9 @@ TEST_F(RestrictionBox, OffersAChangeWithOkAndCancel) {
         EXPECT_EQ(seen.caption, "KV Print Server");
         EXPECT_EQ(seen.text, "\"パンチ-左2穴\"と\"紙折り-二つ折り(内側に印字)\"を同時に指定できません。\n"
                              "\"パンチ-左2穴\"をしないに変更しますか？");
+        EXPECT_TRUE(seen.canCancel);
+        EXPECT_EQ(seen.icon, ExclamationMark());
+        EXPECT_EQ(seen.owner, owner);
         EXPECT_EQ(result, answer);
         EXPECT_EQ(keywordInWay, keyword::Punch);
         EXPECT_EQ(asked, 1);
@@ -47,6 +59,9 @@ TEST_F(RestrictionBox, TellsWithOkOnlyWhatThePagesCannotSet) {
     EXPECT_EQ(seen.text, "\"サイズ混在原稿をプリントする-オフ\"と\"ホチキス-1ヵ所（サイズ混在）\"を"
                          "同時に指定できません。\n\nジョブプロパティ画面より"
                          "\"サイズ混在原稿をプリントする\"を\"オン\"に設定してください。");
+    EXPECT_FALSE(seen.canCancel);
+    EXPECT_EQ(seen.icon, ExclamationMark());
+    EXPECT_EQ(seen.owner, owner);
     EXPECT_EQ(result, 1);
 }
 

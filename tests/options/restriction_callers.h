@@ -2,9 +2,8 @@
 // to give way, and what it takes back.
 #pragma once
 
-#include "options/restriction.h"
+#include "tests/options/restriction_bank.h"
 
-#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -27,8 +26,14 @@ inline constexpr int kAnyOther = -1;
 // The seven, the media dialog once for each of its trays.
 std::span<const RestrictionCallerModel> RestrictionCallerModels();
 
+bool Owns(const RestrictionCallerModel& caller, int item);
+
 // The caller's resolution for a keyword, null if it has none.
 const RestrictionCallerModel::Resolution* FindResolution(const RestrictionCallerModel& caller, int keyword);
 
-// The settings that a resolution sets, when it is one that sets others than the caller's own.
-std::vector<int> SettingsOf(const RestrictionCallerModel::Resolution& resolution, int keyword);
+// The settings that a resolution sets when `keyword` is in the way, but for one that takes the own back.
+std::span<const int> SettingsOf(const RestrictionCallerModel::Resolution& resolution, const int& keyword);
+
+// What the caller does to the Current bank; `before` is the bank without its change.
+void RestoreOwn(const RestrictionCallerModel& caller, const Bank& before);
+void GiveWay(const RestrictionCallerModel& caller, const Bank& before, int keyword);

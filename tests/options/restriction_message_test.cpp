@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -208,6 +210,36 @@ TEST(TellRules, WithTheMixOffTellForEveryPunch) {
 TEST(TellRules, WithTheMixOffTellForAFoldWithTag12) {
     for (int fold = 0; fold < 11; ++fold)
         EXPECT_EQ(OnlyTells({.Fold = fold}, 0), fold == 6) << fold;
+}
+
+// Each rule over the tag numbers on both sides of its limits, most of which no option has.
+std::vector<std::int32_t> TagsThatTell(bool mixSizePrintOn, int ownKeyword) {
+    std::vector<std::int32_t> tags;
+    for (const std::int32_t tag : {-1, 0, 1, 2, 11, 12, 13, 14, 15, 16, 17, 34, 35, 36, 37, 1000})
+        if (MixSizePrintMessage(mixSizePrintOn, ownKeyword, tag) == RestrictionMessageId::TellChange)
+            tags.push_back(tag);
+    return tags;
+}
+const std::vector<std::int32_t> kAllTags{-1, 0, 1, 2, 11, 12, 13, 14, 15, 16, 17, 34, 35, 36, 37, 1000};
+
+TEST(TellRules, WithTheMixOnHoldForTheseTags) {
+    EXPECT_EQ(TagsThatTell(true, keyword::StapleMode),
+              (std::vector{1, 2, 11, 12, 13, 14, 15, 16, 17, 34, 35}));
+    EXPECT_EQ(TagsThatTell(true, keyword::Punch), (std::vector{1, 2, 11, 12, 16, 17, 34, 35, 36, 37, 1000}));
+    EXPECT_EQ(TagsThatTell(true, keyword::Fold), kAllTags);
+}
+
+TEST(TellRules, WithTheMixOffHoldForTheseTags) {
+    EXPECT_EQ(TagsThatTell(false, keyword::StapleMode), (std::vector{36, 37, 1000}));
+    EXPECT_EQ(TagsThatTell(false, keyword::Punch), kAllTags);
+    EXPECT_EQ(TagsThatTell(false, keyword::Fold), std::vector{12});
+}
+
+TEST(TellRules, HoldForNoTagOfAnotherKeyword) {
+    for (const bool on : {false, true})
+        for (const int own :
+             std::array<int, 4>{-1, keyword::PunchHoles, keyword::DuplexMode, keyword::MixSizePrint})
+            EXPECT_EQ(TagsThatTell(on, own), std::vector<std::int32_t>{}) << on << " " << own;
 }
 
 TEST(TellRules, TellNoOtherCaller) {

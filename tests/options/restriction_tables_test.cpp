@@ -1,13 +1,13 @@
 #include "options/restriction_tables.h"
 
+#include "tests/options/restriction_rules.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cstdint>
 #include <limits>
-#include <set>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -15,78 +15,6 @@ using namespace restriction_table;
 
 constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
-
-// The finishing table once more, by what a staple and a fold leave free. A punch goes along an edge; a staple
-// and a fold leave some edges free, and what both leave free can be punched. If a staple and a fold have no
-// free edge in common, they do not even go together.
-enum Edge { Left = 1, Right = 2, Top = 3, Bottom = 4 };
-using Edges = std::set<int>;
-const Edges kAllEdges{Left, Right, Top, Bottom};
-
-const std::array<Edges, 22> kFreeByStaple{{
-    kAllEdges,       // none
-    {Left, Top},     // top left
-    {Right, Top},    // top right
-    {Left, Bottom},  // bottom left
-    {Right, Bottom}, // bottom right
-    kAllEdges,       // mixed size
-    {Top},           // two top
-    {Bottom},        // two bottom
-    {Left},          // two left
-    {Right},         // two right
-    kAllEdges,       // mixed size
-    {},              // saddle, inside
-    {Top},           // saddle, outside: as if two top
-    {Bottom},        // saddle: as if two bottom
-    {Top},           // centre top
-    {Bottom},        // centre bottom
-    {Left},          // centre left
-    {Right},         // centre right
-    {Top},           // four top
-    {Bottom},        // four bottom
-    {Left},          // four left
-    {Right},         // four right
-}};
-
-const Edges& FreeByFold(int fold) {
-    static const Edges none;
-    static const Edges rightAndBottom{Right, Bottom};
-    static const Edges leftAndTop{Left, Top};
-    switch (fold) {
-    case 0: return kAllEdges;
-    case 4: return rightAndBottom;
-    case 5: return leftAndTop;
-    default: return none;
-    }
-}
-
-bool IsMixedSizeStaple(int staple) {
-    return staple == 5 || staple == 10;
-}
-bool IsSaddle(int staple) {
-    return staple >= 11 && staple <= 13;
-}
-
-bool ExpectFinishing(int fold, int staple, int punch) {
-    if (fold == 6 || IsMixedSizeStaple(staple) || punch >= 5)
-        return false;
-    Edges free;
-    for (const int edge : kFreeByStaple[static_cast<std::size_t>(staple)])
-        if (FreeByFold(fold).contains(edge) && !(IsSaddle(staple) && fold != 0))
-            free.insert(edge);
-    if (punch == 0)
-        return fold != 0 && staple != 0 && free.empty();
-    return !free.contains(punch);
-}
-
-std::vector<bool> ExpectedFinishing() {
-    std::vector<bool> table;
-    for (int fold = 0; fold < 11; ++fold)
-        for (int staple = 0; staple < 22; ++staple)
-            for (int punch = 0; punch < 7; ++punch)
-                table.push_back(ExpectFinishing(fold, staple, punch));
-    return table;
-}
 
 std::string FinishingRow(int fold, int staple) {
     std::string flags;
@@ -96,8 +24,7 @@ std::string FinishingRow(int fold, int staple) {
 }
 
 TEST(FinishingConflictTable, HoldsAll1694Entries) {
-    const std::vector<bool> expected = ExpectedFinishing();
-    ASSERT_EQ(expected.size(), 1694u);
+    const auto& expected = restriction_rules::FinishingTable();
     std::size_t flat = 0;
     for (int fold = 0; fold < 11; ++fold)
         for (int staple = 0; staple < 22; ++staple)
@@ -154,7 +81,7 @@ TEST(FinishingConflictTable, GivesTheSecondAndThirdSaddleThePatternOfTwoTopAndTw
 }
 
 TEST(FinishingConflictTable, ReadsByFlatIndexWithinAndZeroOutside) {
-    const std::vector<bool> expected = ExpectedFinishing();
+    const auto& expected = restriction_rules::FinishingTable();
     for (int flat = -2000; flat < 4000; ++flat) {
         const bool inside = flat >= 0 && flat < 1694;
         const bool entry = inside && expected[static_cast<std::size_t>(flat)];

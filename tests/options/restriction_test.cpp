@@ -9,11 +9,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
-#include <functional>
-#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -25,12 +22,6 @@ using Settings = std::vector<std::pair<int, std::uint32_t>>;
 void Set(const Settings& settings) {
     for (const auto& [id, value] : settings)
         ExportedFunc_SetCurrent(id, value);
-}
-
-std::uint32_t Current(int id) {
-    std::uint32_t value = 0;
-    ExportedFunc_GetCurrent(id, &value);
-    return value;
 }
 
 class Restriction : public testing::Test {
@@ -132,6 +123,22 @@ TEST_F(Restriction, ShowsABoxWithOnlyOkForAMixedSizeStaple) {
               "\"サイズ混在原稿をプリントする\"を\"オン\"に設定してください。");
 }
 
+TEST_F(Restriction, LooksUpTheTagsOfAllThreeFinishersWhoeverAsksAboutMixSizePrint) {
+    ScriptedUser user({ask_answer::Ok});
+    Set({{keyword::StapleMode, 5}, {keyword::Punch, 0x7FFFFFFF}, {keyword::Fold, 0x7FFFFFFF}});
+    for (const int group : {2, 6}) {
+        log_backend::Recorder log;
+        asked = 0;
+        EXPECT_EQ(Check(group), 1);
+        EXPECT_EQ(keywordInWay, keyword::MixSizePrint);
+        std::vector<std::string> ends;
+        for (const std::string& line : log.main)
+            if (const auto place = line.find("Error KW="); place != std::string::npos)
+                ends.push_back(line.substr(place));
+        EXPECT_EQ(ends, (std::vector<std::string>{"Error KW=112\n", "Error KW=114\n"})) << group;
+    }
+}
+
 TEST_F(Restriction, OffersTheDefaultFromTheStore) {
     ScriptedUser user({ask_answer::Ok});
     Set({{keyword::StapleMode, 11}, {keyword::Fold, 5}});
@@ -146,8 +153,9 @@ TEST_F(Restriction, OffersTheDefaultFromTheStore) {
 TEST_F(Restriction, LeavesTheKeywordAloneIfNoOtherSettingTakesPart) {
     ScriptedUser user({ask_answer::Ok});
     Set({{keyword::StapleMode, 1}, {keyword::Punch, 2}, {keyword::PunchHoles, 0}});
+    keywordInWay = 77;
     EXPECT_EQ(Check(2), 1);
-    EXPECT_EQ(keywordInWay, -1);
+    EXPECT_EQ(keywordInWay, 77);
     ASSERT_EQ(user.questions.size(), 1u);
     EXPECT_EQ(user.questions[0].text,
               "\"-\"と\"ホチキス-左上１ヵ所\"を同時に指定できません。\n\"-\"をに変更しますか？");
@@ -224,157 +232,6 @@ TEST_F(Restriction, ReadsTheWeightOfNormalPaperFromTheBankAndNotFromTheNamedValu
 TEST_F(Restriction, TakesANumberAboveTheSignedRangeForANegativeOne) {
     ExportedFunc_SetCurrent(keyword::Fold, 0xFFFFFFFF);
     EXPECT_EQ(ReadRestrictionValues().Fold, -1);
-}
-
-// A caller that sets StapleMode and does what its test says.
-class RestrictionLoop : public Restriction {
-  protected:
-    RestrictionOutcome Resolve(int group = 2) {
-        return ResolveRestrictions(Owner(), nullptr, {group, "ApplyStaple"},
-                                   {[this](int id) {
-                                        calls.push_back(id);
-                                        if (giveWay)
-                                            giveWay(id);
-                                    },
-                                    [this] {
-                                        calls.push_back(kTakeBack);
-                                        if (takeBack)
-                                            takeBack();
-                                    }});
-    }
-
-    static void ToDefault(int id) {
-        std::uint32_t value = 0;
-        ExportedFunc_GetDefault(id, &value);
-        ExportedFunc_SetCurrent(id, value);
-    }
-
-    static constexpr int kTakeBack = -100;
-    std::vector<int> calls; // keywords that gave way, kTakeBack
-    std::function<void(int)> giveWay;
-    std::function<void()> takeBack;
-    log_backend::Recorder log;
-
-    std::vector<std::string> ErrorLines() const {
-        std::vector<std::string> lines;
-        std::ranges::copy_if(log.main, std::back_inserter(lines),
-                             [](const std::string& line) { return line.ends_with("error\n"); });
-        return lines;
-    }
-};
-
-TEST_F(RestrictionLoop, EndsAtOnceWithoutAConflict) {
-    ScriptedUser user({ask_answer::Ok});
-    const RestrictionOutcome outcome = Resolve();
-    EXPECT_EQ(outcome.end, RestrictionEnd::NoConflict);
-    EXPECT_EQ(outcome.Result(), 1);
-    EXPECT_FALSE(outcome.refused);
-    EXPECT_TRUE(calls.empty());
-    EXPECT_TRUE(ErrorLines().empty());
-}
-
-TEST_F(RestrictionLoop, ClearsAWholeChainWithOneOk) {
-    ScriptedUser user({ask_answer::Ok});
-    giveWay = ToDefault;
-    Set({{keyword::Fold, 1},
-         {keyword::StapleMode, 11},
-         {keyword::Punch, 1},
-         {keyword::PunchHoles, 1},
-         {keyword::SpotColorCorrection, 1}});
-    const RestrictionOutcome outcome = Resolve();
-    EXPECT_EQ(outcome.end, RestrictionEnd::Settled);
-    EXPECT_EQ(outcome.Result(), 0);
-    EXPECT_FALSE(outcome.refused);
-    EXPECT_EQ(calls, (std::vector<int>{keyword::Punch, keyword::Fold, keyword::SpotColorCorrection}));
-    EXPECT_EQ(user.questions.size(), 1u);
-    EXPECT_TRUE(ErrorLines().empty());
-}
-
-TEST_F(RestrictionLoop, TakesTheOwnValueBackOnCancelAndGoesOnWithWhatIsLeft) {
-    ScriptedUser user({ask_answer::Cancel});
-    giveWay = ToDefault;
-    takeBack = [] { ExportedFunc_SetCurrent(keyword::StapleMode, 0); };
-    Set({{keyword::Fold, 1}, {keyword::StapleMode, 1}, {keyword::TwoColorPressSimulation, 1}});
-    const RestrictionOutcome outcome = Resolve();
-    EXPECT_EQ(outcome.end, RestrictionEnd::Settled);
-    EXPECT_TRUE(outcome.refused);
-    EXPECT_EQ(calls, (std::vector<int>{kTakeBack, keyword::TwoColorPressSimulation}));
-    EXPECT_EQ(Current(keyword::Fold), 1u);
-    EXPECT_EQ(user.questions.size(), 1u);
-}
-
-TEST_F(RestrictionLoop, EndsOnAnAnswerThatIsNoneAndNamesTheFunction) {
-    ScriptedUser user({7});
-    Set({{keyword::Fold, 1}, {keyword::StapleMode, 1}});
-    const RestrictionOutcome outcome = Resolve();
-    EXPECT_EQ(outcome.end, RestrictionEnd::Failed);
-    EXPECT_EQ(outcome.Result(), 0);
-    EXPECT_FALSE(outcome.refused);
-    EXPECT_TRUE(calls.empty());
-    EXPECT_EQ(ErrorLines(), std::vector<std::string>{"ApplyStaple() result = 7 error\n"});
-    EXPECT_EQ(Current(keyword::StapleMode), 1u);
-}
-
-TEST_F(RestrictionLoop, EndsOnABoxThatCannotBeShown) {
-    Set({{keyword::Fold, 1}, {keyword::StapleMode, 1}});
-    EXPECT_EQ(Resolve().end, RestrictionEnd::Failed);
-    EXPECT_EQ(ErrorLines(), std::vector<std::string>{"ApplyStaple() result = 0 error\n"});
-}
-
-TEST_F(RestrictionLoop, NamesFileAndLineOfACallerThatTellsThem) {
-    ScriptedUser user({5});
-    Set({{keyword::Fold, 1}, {keyword::StapleMode, 1}});
-    ResolveRestrictions(nullptr, nullptr, {4, "ApplyValues", "mediatypedlg.cpp", 77}, {});
-    EXPECT_EQ(ErrorLines(),
-              std::vector<std::string>{"mediatypedlg.cpp 77行目 ApplyValues() result = 5 error\n"});
-}
-
-TEST_F(RestrictionLoop, EndsAfterARoundThatHasChangedNothing) {
-    ScriptedUser user({ask_answer::Ok});
-    Set({{keyword::Fold, 1}, {keyword::StapleMode, 1}});
-    const RestrictionOutcome outcome = Resolve();
-    EXPECT_EQ(outcome.end, RestrictionEnd::Failed);
-    EXPECT_EQ(outcome.Result(), 0);
-    EXPECT_EQ(calls, std::vector<int>{keyword::Fold});
-    EXPECT_EQ(ErrorLines(), std::vector<std::string>{"ApplyStaple() result = 1 error\n"});
-}
-
-TEST_F(RestrictionLoop, EndsAfterACancelThatHasChangedNothing) {
-    ScriptedUser user({ask_answer::Cancel});
-    Set({{keyword::Fold, 1}, {keyword::StapleMode, 1}});
-    const RestrictionOutcome outcome = Resolve();
-    EXPECT_EQ(outcome.end, RestrictionEnd::Failed);
-    EXPECT_TRUE(outcome.refused);
-    EXPECT_EQ(calls, std::vector<int>{kTakeBack});
-    EXPECT_EQ(ErrorLines(), std::vector<std::string>{"ApplyStaple() result = 2 error\n"});
-}
-
-TEST_F(RestrictionLoop, EndsWhenADefaultConflictsItself) {
-    ScriptedUser user({ask_answer::Ok});
-    giveWay = ToDefault;
-    ExportedFunc_SetDefault(keyword::Fold, 2);
-    Set({{keyword::Fold, 1}, {keyword::StapleMode, 1}});
-    EXPECT_EQ(Resolve().end, RestrictionEnd::Failed);
-    EXPECT_EQ(calls, (std::vector<int>{keyword::Fold, keyword::Fold}));
-    EXPECT_EQ(Current(keyword::Fold), 2u);
-}
-
-TEST_F(RestrictionLoop, AsksNobodyToGiveWayIfNoSettingIsInTheWay) {
-    ScriptedUser user({ask_answer::Ok});
-    giveWay = ToDefault;
-    Set({{keyword::StapleMode, 1}, {keyword::Punch, 2}, {keyword::PunchHoles, 0}});
-    EXPECT_EQ(Resolve().end, RestrictionEnd::Failed);
-    EXPECT_TRUE(calls.empty());
-    EXPECT_EQ(user.questions.size(), 1u);
-    EXPECT_EQ(ErrorLines(), std::vector<std::string>{"ApplyStaple() result = 1 error\n"});
-}
-
-TEST_F(RestrictionLoop, EndsOnAChangeOfASettingThatTheChecksDoNotRead) {
-    ScriptedUser user({ask_answer::Ok});
-    giveWay = [](int) { ExportedFunc_SetCurrent(keyword::Copies, Current(keyword::Copies) + 1); };
-    Set({{keyword::Fold, 1}, {keyword::StapleMode, 1}});
-    EXPECT_EQ(Resolve().end, RestrictionEnd::Failed);
-    EXPECT_EQ(calls.size(), 1u);
 }
 
 } // namespace

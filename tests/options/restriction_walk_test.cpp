@@ -1,308 +1,268 @@
-// Walks the settings that take part in a restriction through every caller's loop. Each walk has an outcome
-// that can be named; one that has none fails the test.
-#include "tests/options/restriction_callers.h"
+// Every pair of values of every two settings that take part in a restriction, from each caller's row.
+#include "tests/options/restriction_walk.h"
 
-#include "Common/ask_user_recorder.h"
 #include "options/PrintOptionSetting.h"
-#include "options/restriction_conflict.h"
-#include "session/datamanager.h"
 #include "session/keyword.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
-#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace {
 
 using namespace keyword;
+using enum WalkOutcome;
 using option_item::KW_MEDIATYPEWEIGHT2;
+
+constexpr std::int32_t kFarOut = 0x7FFFFFFF;
 
 struct Setting {
     int item;
     int options; // of its list
+    // A few of the values: the ends, the options for mixed sizes, and what lies outside.
+    std::vector<std::int32_t> telling;
 };
 
 // All that the checks read.
-constexpr std::array<Setting, 17> kSettings{{
-    {Punch, 6},
-    {PunchHoles, 4},
-    {StapleMode, 22},
-    {DuplexMode, 5},
-    {PaperTypeD, 59},
-    {KW_MEDIATYPEWEIGHT2, 12},
-    {ColorMode, 2},
-    {SpotColorCorrection, 2},
-    {TwoColorPressSimulation, 2},
-    {Fold, 11},
-    {MixSizePrint, 2},
-    {ChgPrintPaperSizeType, 50},
-    {ImpositionMode, 3},
-    {ImpositionCustomMode, 3},
-    {AutoTraySettingToBypass, 2},
-    {PaperTypeBypass, 59},
-    {MediaTypeWeightBypass, 12},
-}};
-
-struct Value {
-    int item;
-    std::int32_t value;
+const std::vector<Setting> kSettings{
+    {Punch, 6, {-1, 0, 1, 2, 5, 6, 13}},
+    {PunchHoles, 4, {-1, 0, 1, 3, 4}},
+    {StapleMode, 22, {-1, 0, 1, 5, 10, 11, 22}},
+    {DuplexMode, 5, {-1, 0, 1, 4}},
+    {PaperTypeD, 59, {0, 58}},
+    {KW_MEDIATYPEWEIGHT2, 12, {0, 11}},
+    {ColorMode, 2, {-1, 0, 1, 2}},
+    {SpotColorCorrection, 2, {-1, 0, 1, 2}},
+    {TwoColorPressSimulation, 2, {-1, 0, 1, 2}},
+    {Fold, 11, {-1, 0, 1, 4, 5, 6, 11}},
+    {MixSizePrint, 2, {-1, 0, 1, 2}},
+    {ChgPrintPaperSizeType, 50, {-1, 0, 1, 49}},
+    {ImpositionMode, 3, {-1, 0, 1, 2, 3}},
+    {ImpositionCustomMode, 3, {-1, 0, 1, 2, 3}},
+    {AutoTraySettingToBypass, 2, {0, 1}},
+    {PaperTypeBypass, 59, {0, 58}},
+    {MediaTypeWeightBypass, 12, {0, 11}},
 };
-using Values = std::vector<Value>;
 
-constexpr std::int32_t kFarOut = 0x7FFFFFFF;
+using Values = std::vector<SettingValue>;
 
-// Every option, the number behind the last one, and one far out.
+// Every option, the number behind the last one, one far out, and the telling ones outside the list.
 Values AllValues(const Setting& setting) {
     Values values;
     for (int option = 0; option <= setting.options; ++option)
         values.push_back({setting.item, option});
+    for (const std::int32_t value : setting.telling)
+        if (value < 0 || value > setting.options)
+            values.push_back({setting.item, value});
     values.push_back({setting.item, kFarOut});
     return values;
 }
 
-// A few of each list: the ends, the options for mixed sizes, and what lies outside.
 Values TellingValues(const Setting& setting) {
     Values values;
-    for (const int option : {-1, 0, 1, 5, 6, setting.options})
-        if (option <= setting.options && (setting.options <= 22 || option <= 1))
-            values.push_back({setting.item, option});
+    for (const std::int32_t value : setting.telling)
+        values.push_back({setting.item, value});
     return values;
 }
 
-void Set(int item, std::int32_t value) {
-    ExportedFunc_SetCurrent(item, static_cast<std::uint32_t>(value));
-}
-std::int32_t Current(int item) {
-    std::uint32_t value = 0;
-    ExportedFunc_GetCurrent(item, &value);
-    return static_cast<std::int32_t>(value);
-}
-std::int32_t Default(int item) {
-    std::uint32_t value = 0;
-    ExportedFunc_GetDefault(item, &value);
-    return static_cast<std::int32_t>(value);
+// An old setting at 0 is none.
+Values TellingValuesButZero(const Setting& setting) {
+    Values values = TellingValues(setting);
+    std::erase_if(values, [](const SettingValue& each) { return each.value == 0; });
+    return values;
 }
 
-enum class Outcome {
-    NoConflict,
-    Settled,            // nothing conflicts any more
-    NoOtherSetting,     // the settings in conflict have no row that takes part, or only the caller's own
-    MixSizePrintInWay,  // an old conflict that only the job property application can settle
-    DefaultConflicts,   // what gives way is at its default already
-    NotTheCallersToSet, // an old conflict whose setting the caller does not know
-    NothingToTakeBack,  // declined by a caller that had changed nothing
-    Unnamed,
+using ValuesOf = Values (*)(const Setting& setting);
+
+// The rows of the first page's punch control, Punch and PunchHoles.
+constexpr std::array<std::array<std::int32_t, 2>, 16> kPunchRows{{{0, 1},
+                                                                  {1, 1},
+                                                                  {2, 1},
+                                                                  {3, 1},
+                                                                  {4, 1},
+                                                                  {13, 1},
+                                                                  {1, 2},
+                                                                  {2, 2},
+                                                                  {3, 2},
+                                                                  {4, 2},
+                                                                  {13, 2},
+                                                                  {1, 3},
+                                                                  {2, 3},
+                                                                  {3, 3},
+                                                                  {4, 3},
+                                                                  {13, 3}}};
+
+// What becomes of a caller's walks, by row.
+struct Expected {
+    int group;
+    std::vector<int> settable;
+    std::vector<WalkOutcome> failures; // with all defaults at 0
 };
-constexpr int kOutcomes = static_cast<int>(Outcome::Unnamed) + 1;
+const std::vector<int> kAnyInTheWay{Fold,
+                                    Punch,
+                                    StapleMode,
+                                    ColorMode,
+                                    SpotColorCorrection,
+                                    MixSizePrint,
+                                    ImpositionMode,
+                                    ImpositionCustomMode,
+                                    TwoColorPressSimulation};
+const std::vector<int> kAnyButMixSizePrint{Fold,
+                                           Punch,
+                                           ColorMode,
+                                           SpotColorCorrection,
+                                           StapleMode,
+                                           PunchHoles,
+                                           ImpositionMode,
+                                           ImpositionCustomMode,
+                                           TwoColorPressSimulation};
+const std::vector<WalkOutcome> kOfTheMediaAndDuplex{NoOtherSetting, MixSizePrintAtDefault, HolesWithoutPunch};
+const std::vector<Expected> kExpected{
+    {0, {StapleMode, Punch, PunchHoles}, {NoOtherSetting, MixSizePrintInWay, NotTheCallersToSet}},
+    {1, kAnyButMixSizePrint, {NoOtherSetting, MixSizePrintInWay}},
+    {2, kAnyButMixSizePrint, {NoOtherSetting, MixSizePrintInWay}},
+    {3, kAnyInTheWay, kOfTheMediaAndDuplex},
+    {4, kAnyInTheWay, kOfTheMediaAndDuplex},
+    {5, kAnyInTheWay, kOfTheMediaAndDuplex},
+    {6, {SpotColorCorrection, TwoColorPressSimulation}, {NoOtherSetting, NotTheCallersToSet}},
+    {11, {ImpositionMode}, {NoOtherSetting, NotTheCallersToSet}},
+};
 
-class RestrictionWalk : public testing::Test {
+// The counts stand in the test's XML report.
+void RecordCounts(const RestrictionWalk& walk) {
+    for (int outcome = 0; outcome < static_cast<int>(Count); ++outcome)
+        testing::Test::RecordProperty("outcome_" + std::to_string(outcome),
+                                      std::to_string(walk.Count(static_cast<WalkOutcome>(outcome))));
+}
+
+class RestrictionWalks : public testing::TestWithParam<int> {
   protected:
-    RestrictionWalk() { ExportedFunc_InitializeDataManager(); }
-
-    // From a bank of zeros: sets `old`, has the caller set `changed` and resolve. A setting that the caller
-    // does not own is there before, and the caller sets its own to what it is.
-    void Run(const RestrictionCallerModel& caller, const Values& old, const Value& changed, int answer) {
-        for (const Value& each : old)
-            Set(each.item, each.value);
-        if (!Owns(caller, changed.item))
-            Set(changed.item, changed.value);
-        Values prior;
-        for (const int item : caller.own)
-            prior.push_back({item, Current(item)});
-        Set(changed.item, changed.value);
-
-        const Outcome outcome = Resolve(caller, prior, answer);
-        ++counts[static_cast<std::size_t>(outcome)];
-        if (outcome == Outcome::Unnamed)
-            ADD_FAILURE() << Describe(caller, old, changed, answer);
-        ClearBank();
+    RestrictionWalks()
+        : caller(*std::ranges::find(RestrictionCallerModels(), GetParam(), &RestrictionCallerModel::group)),
+          expected(*std::ranges::find(kExpected, GetParam(), &Expected::group)),
+          walk(caller, expected.settable) {
+        banks = {};
     }
 
-    // Without a conflict all callers see the same, so one stands for them.
-    void RunAllCallers(const Values& old, const Value& changed) {
-        if (!Conflicts(old, changed))
-            return Run(NextCaller(), old, changed, ask_answer::Ok);
-        for (const RestrictionCallerModel& caller : RestrictionCallerModels())
-            RunBothAnswers(caller, old, changed);
-    }
+    void TearDown() override { RecordCounts(walk); }
 
-    // The callers that own the setting; and in turn one of all, that goes on with what it finds.
-    void RunOwnersAndAnother(const Values& old, const Value& changed) {
-        if (!Conflicts(old, changed))
-            return Run(NextCaller(), old, changed, ask_answer::Ok);
-        for (const RestrictionCallerModel& caller : RestrictionCallerModels())
-            if (Owns(caller, changed.item))
-                RunBothAnswers(caller, old, changed);
-        Run(NextCaller(), old, changed, ask_answer::Ok);
-    }
-
-    long Count(Outcome outcome) const { return counts[static_cast<std::size_t>(outcome)]; }
-
-    std::array<long, kOutcomes> counts{};
-    // The counts stand in the test's XML report.
-    void TearDown() override {
-        for (std::size_t outcome = 0; outcome < counts.size(); ++outcome)
-            RecordProperty("outcome_" + std::to_string(outcome), std::to_string(counts[outcome]));
-    }
-
-  private:
-    std::size_t m_turn = 0;
-
-    const RestrictionCallerModel& NextCaller() {
-        return RestrictionCallerModels()[m_turn++ % RestrictionCallerModels().size()];
-    }
-
-    void RunBothAnswers(const RestrictionCallerModel& caller, const Values& old, const Value& changed) {
-        for (const int answer : {ask_answer::Ok, ask_answer::Cancel})
-            Run(caller, old, changed, answer);
-    }
-
-    static bool Conflicts(const Values& old, const Value& changed) {
-        SetAll(old);
-        Set(changed.item, changed.value);
-        const bool conflicts = FindRestrictionClass(ReadRestrictionValues()).has_value();
-        ClearBank();
-        return conflicts;
-    }
-
-    static bool Owns(const RestrictionCallerModel& caller, int item) {
-        return std::ranges::find(caller.own, item) != caller.own.end();
-    }
-
-    static void SetAll(const Values& values) {
-        for (const Value& each : values)
-            Set(each.item, each.value);
-    }
-
-    static void GiveWay(const RestrictionCallerModel& caller, const Values& prior, int keyword) {
-        const auto* resolution = FindResolution(caller, keyword);
-        if (!resolution)
+    // A setting that is the caller's own comes from each telling value, as long as there is anything to take
+    // back. Any other is there before, and the caller sets its own to what it is.
+    void ChangeTo(Bank before, const Setting& setting, const SettingValue& changed) {
+        std::int32_t& slot = before[static_cast<std::size_t>(setting.item)];
+        if (!Owns(caller, setting.item)) {
+            slot = changed.value;
+            walk.Run(before, {});
             return;
-        if (resolution->change == RestrictionCallerModel::Change::TakeOwnBack)
-            return SetAll(prior);
-        const bool toZero = resolution->change == RestrictionCallerModel::Change::ToZero;
-        for (const int item : SettingsOf(*resolution, keyword))
-            Set(item, toZero ? 0 : Default(item));
-    }
-
-    Outcome Resolve(const RestrictionCallerModel& caller, const Values& prior, int answer) {
-        const RestrictionValues start = ReadRestrictionValues();
-        ScriptedUser user({answer});
-        int steps = 0;
-        const RestrictionOutcome outcome =
-            ResolveRestrictions(nullptr, nullptr, {caller.group, caller.function},
-                                {[&](int keyword) {
-                                     ++steps;
-                                     GiveWay(caller, prior, keyword);
-                                 },
-                                 [&] {
-                                     ++steps;
-                                     SetAll(prior);
-                                 }});
-        // Each round moves a setting to the one place where it then stays.
-        if (steps > 17 || user.questions.size() > 1)
-            return Outcome::Unnamed;
-        return Classify(caller, start, outcome);
-    }
-
-    static Outcome Classify(const RestrictionCallerModel& caller, const RestrictionValues& start,
-                            const RestrictionOutcome& outcome) {
-        const RestrictionValues values = ReadRestrictionValues();
-        const auto conflict = FindRestrictionConflict(values, caller.group);
-        switch (outcome.end) {
-        case RestrictionEnd::NoConflict:
-            return !conflict && values == start ? Outcome::NoConflict : Outcome::Unnamed;
-        case RestrictionEnd::Settled: return conflict ? Outcome::Unnamed : Outcome::Settled;
-        case RestrictionEnd::Failed: break;
         }
-        if (!conflict)
-            return Outcome::Unnamed;
-        if (outcome.refused && values == start)
-            return Outcome::NothingToTakeBack;
-        if (!conflict->other)
-            return Outcome::NoOtherSetting;
-        const int keyword = conflict->other->keyword;
-        const auto* resolution = FindResolution(caller, keyword);
-        if (!resolution)
-            return Outcome::NotTheCallersToSet;
-        if (resolution->change == RestrictionCallerModel::Change::TakeOwnBack)
-            return keyword == MixSizePrint ? Outcome::MixSizePrintInWay : Outcome::Unnamed;
-        const bool atDefault = std::ranges::all_of(SettingsOf(*resolution, keyword),
-                                                   [](int item) { return Current(item) == Default(item); });
-        return atDefault ? Outcome::DefaultConflicts : Outcome::Unnamed;
+        for (const std::int32_t earlier : setting.telling) {
+            slot = earlier;
+            if (!walk.Run(before, {&changed, 1}))
+                return;
+        }
     }
 
-    static void ClearBank() {
-        for (const Setting& setting : kSettings)
-            if (Current(setting.item) != 0)
-                Set(setting.item, 0);
+    // Two settings that take part, in both orders, on top of a bank that holds none of them yet.
+    void WalkEveryPair(ValuesOf oldsOf, ValuesOf changesOf, const Bank& bank = {}) {
+        for (const Setting& first : kSettings)
+            for (const Setting& second : kSettings)
+                if (IsPair(first, second) && !IsIn(bank, first) && !IsIn(bank, second))
+                    WalkPair(second, oldsOf(first), changesOf(second), bank);
     }
 
-    static std::string Describe(const RestrictionCallerModel& caller, const Values& old, const Value& changed,
-                                int answer) {
-        std::string text = std::string(caller.function) + " answer " + std::to_string(answer);
-        for (const Value& each : old)
-            text += " old " + std::to_string(each.item) + "=" + std::to_string(each.value);
-        return text + " new " + std::to_string(changed.item) + "=" + std::to_string(changed.value);
+    // To a caller that owns neither of the two, both orders are the same bank: one of them stands for both.
+    bool IsPair(const Setting& first, const Setting& second) const {
+        const bool ownsOne = Owns(caller, first.item) || Owns(caller, second.item);
+        return ownsOne ? first.item != second.item : first.item < second.item;
     }
+    static bool IsIn(const Bank& bank, const Setting& setting) {
+        return bank[static_cast<std::size_t>(setting.item)] != 0;
+    }
+
+    void WalkPair(const Setting& setting, const Values& olds, const Values& changes, const Bank& bank) {
+        for (const SettingValue& old : olds) {
+            Bank before = bank;
+            before[static_cast<std::size_t>(old.item)] = old.value;
+            for (const SettingValue& changed : changes)
+                ChangeTo(before, setting, changed);
+        }
+    }
+
+    const RestrictionCallerModel& caller;
+    const Expected& expected;
+    RestrictionWalk walk;
 };
 
-// Two settings that take part, in both orders of setting.
-template <typename ValuesOf, typename Action>
-void ForEveryPair(ValuesOf valuesOf, Action action) {
-    for (const Setting& first : kSettings) {
-        for (const Setting& second : kSettings) {
-            if (first.item == second.item)
-                continue;
-            for (const Value& old : valuesOf(first))
-                for (const Value& changed : valuesOf(second))
-                    action(old, changed);
-        }
+TEST_P(RestrictionWalks, OfEveryPairOfValuesHaveANamedOutcome) {
+    WalkEveryPair(AllValues, AllValues);
+    EXPECT_GT(walk.Count(NoConflict), 0);
+    EXPECT_GT(walk.Count(Settled), 0);
+    for (const WalkOutcome failure : {NoOtherSetting, MixSizePrintInWay, MixSizePrintAtDefault,
+                                      HolesWithoutPunch, DefaultConflicts, NotTheCallersToSet}) {
+        const bool mayCome = std::ranges::find(expected.failures, failure) != expected.failures.end();
+        EXPECT_EQ(walk.Count(failure) > 0, mayCome) << static_cast<int>(failure);
     }
-}
-
-TEST_F(RestrictionWalk, OfEveryPairOfValuesHasANamedOutcome) {
-    ForEveryPair(AllValues, [&](const Value& old, const Value& changed) { RunAllCallers({old}, changed); });
-    EXPECT_EQ(Count(Outcome::Unnamed), 0);
-    for (const Outcome outcome :
-         {Outcome::NoConflict, Outcome::Settled, Outcome::NoOtherSetting, Outcome::MixSizePrintInWay,
-          Outcome::DefaultConflicts, Outcome::NotTheCallersToSet, Outcome::NothingToTakeBack})
-        EXPECT_GT(Count(outcome), 0) << static_cast<int>(outcome);
 }
 
 // Conflicts with each other and with much else.
-const Values kThirdSettings{
-    {StapleMode, 1},    {StapleMode, 5}, {Fold, 1},         {Punch, 1},
-    {PunchHoles, 1},    {PunchHoles, 4}, {MixSizePrint, 1}, {TwoColorPressSimulation, 1},
-    {ImpositionMode, 2}};
+const Values kThirdSettings{{StapleMode, 1},
+                            {StapleMode, 5},
+                            {Fold, 1},
+                            {PunchHoles, 1},
+                            {PunchHoles, 4},
+                            {MixSizePrint, 1},
+                            {TwoColorPressSimulation, 1}};
 
-TEST_F(RestrictionWalk, OfEveryPairWithAThirdSettingHasANamedOutcome) {
-    ForEveryPair(TellingValues, [&](const Value& old, const Value& changed) {
-        for (const Value& third : kThirdSettings)
-            if (third.item != old.item && third.item != changed.item)
-                RunOwnersAndAnother({third, old}, changed);
-    });
-    EXPECT_EQ(Count(Outcome::Unnamed), 0);
-    EXPECT_GT(Count(Outcome::Settled), 0);
+TEST_P(RestrictionWalks, OfEveryPairWithAThirdSettingHaveANamedOutcome) {
+    for (const SettingValue& third : kThirdSettings) {
+        Bank bank{};
+        bank[static_cast<std::size_t>(third.item)] = third.value;
+        WalkEveryPair(TellingValuesButZero, TellingValues, bank);
+    }
+    EXPECT_GT(walk.Count(Settled), 0);
+    EXPECT_EQ(walk.Count(DefaultConflicts), 0);
 }
 
-TEST_F(RestrictionWalk, WithDefaultsThatConflictHasANamedOutcome) {
-    for (const Value& each : Values{{StapleMode, 1},
-                                    {Fold, 1},
-                                    {Punch, 1},
-                                    {PunchHoles, 1},
-                                    {TwoColorPressSimulation, 1},
-                                    {ImpositionMode, 2},
-                                    {MixSizePrint, 1}})
-        ExportedFunc_SetDefault(each.item, static_cast<std::uint32_t>(each.value));
-    ForEveryPair(TellingValues,
-                 [&](const Value& old, const Value& changed) { RunAllCallers({old}, changed); });
-    EXPECT_EQ(Count(Outcome::Unnamed), 0);
-    EXPECT_GT(Count(Outcome::DefaultConflicts), 0);
+TEST_P(RestrictionWalks, WithDefaultsThatConflictHaveANamedOutcome) {
+    for (const SettingValue& each : Values{{StapleMode, 1},
+                                           {Fold, 1},
+                                           {Punch, 1},
+                                           {PunchHoles, 1},
+                                           {TwoColorPressSimulation, 1},
+                                           {ImpositionMode, 2},
+                                           {MixSizePrint, 1}})
+        banks.defaults[static_cast<std::size_t>(each.item)] = each.value;
+    WalkEveryPair(TellingValues, TellingValues);
+    EXPECT_GT(walk.Count(DefaultConflicts), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(FromRow, RestrictionWalks, testing::Values(0, 1, 2, 3, 4, 5, 6, 11),
+                         testing::PrintToStringParamName());
+
+// The punch control changes two settings at once; each of its rows from each other one.
+TEST(RestrictionPunchWalks, FromEveryRowToEveryRowHaveANamedOutcome) {
+    banks = {};
+    const auto& caller = *std::ranges::find(RestrictionCallerModels(), 1, &RestrictionCallerModel::group);
+    RestrictionWalk walk(caller, kAnyButMixSizePrint);
+    for (const Setting& other : kSettings) {
+        if (Owns(caller, other.item))
+            continue;
+        for (const SettingValue& old : AllValues(other)) {
+            Bank before{};
+            before[static_cast<std::size_t>(old.item)] = old.value;
+            for (const auto& from : kPunchRows) {
+                before[Punch] = from[0];
+                before[PunchHoles] = from[1];
+                for (const auto& to : kPunchRows)
+                    walk.Run(before, Values{{Punch, to[0]}, {PunchHoles, to[1]}});
+            }
+        }
+    }
+    EXPECT_GT(walk.Count(NoConflict), 0);
+    EXPECT_GT(walk.Count(Settled), 0);
+    RecordCounts(walk);
 }
 
 } // namespace

@@ -9,6 +9,9 @@
 struct MessageBoxSeen {
     std::string caption;
     std::string text;
+    bool canCancel = false;
+    HICON icon = nullptr; // null for a box without one
+    HWND owner = nullptr;
 };
 
 namespace message_box_detail {
@@ -33,10 +36,33 @@ inline std::string TextOf(HWND window) {
     return text;
 }
 
+// A box with OK alone gives its one button either of the two ids.
+inline bool HasOkAndCancel(HWND box) {
+    const HWND ok = GetDlgItem(box, IDOK);
+    const HWND cancel = GetDlgItem(box, IDCANCEL);
+    return ok && cancel && IsWindowVisible(ok) && IsWindowVisible(cancel);
+}
+
+inline BOOL CALLBACK FindIcon(HWND child, LPARAM found) {
+    char className[16] = {};
+    GetClassNameA(child, className, sizeof className);
+    if (lstrcmpiA(className, "Static") != 0 || !IsWindowVisible(child) ||
+        (GetWindowLongA(child, GWL_STYLE) & SS_TYPEMASK) != SS_ICON)
+        return TRUE;
+    *reinterpret_cast<HICON*>(found) = reinterpret_cast<HICON>(SendMessageA(child, STM_GETICON, 0, 0));
+    return FALSE;
+}
+
+inline HICON IconOf(HWND box) {
+    HICON icon = nullptr;
+    EnumChildWindows(box, FindIcon, reinterpret_cast<LPARAM>(&icon));
+    return icon;
+}
+
 } // namespace message_box_detail
 
-// Waits up to ten seconds for the next message box, presses the button and tells what the box said. An empty
-// caption and text mean that no box came.
+// Waits up to ten seconds for the next message box, presses the button and tells what the box was like. An
+// empty caption and text mean that no box came.
 inline std::future<MessageBoxSeen> AnswerNextMessageBox(int button = IDOK) {
     return std::async(std::launch::async, [button] {
         const ULONGLONG deadline = GetTickCount64() + 10000;
@@ -45,7 +71,9 @@ inline std::future<MessageBoxSeen> AnswerNextMessageBox(int button = IDOK) {
             EnumWindows(message_box_detail::FindBox, reinterpret_cast<LPARAM>(&box));
             if (box) {
                 MessageBoxSeen seen{message_box_detail::TextOf(box),
-                                    message_box_detail::TextOf(GetDlgItem(box, 0xFFFF))};
+                                    message_box_detail::TextOf(GetDlgItem(box, 0xFFFF)),
+                                    message_box_detail::HasOkAndCancel(box), message_box_detail::IconOf(box),
+                                    GetWindow(box, GW_OWNER)};
                 PostMessageA(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
                 return seen;
             }
