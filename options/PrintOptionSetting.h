@@ -66,11 +66,6 @@ int GetKeywordOptionString(int keyword, char* buffer, std::size_t size, int valu
 #define ZR_TEXT_LIST(item, ...) void GetStringList_##item(std::vector<std::string>& texts);
 #define ZR_VALUE_LIST(item, ...) void GetStringList_##item(std::vector<std::string>& texts);
 #define ZR_EMPTY_LIST(item) void GetStringList_##item(std::vector<std::string>& texts);
-#define ZR_SAME_LIST(item, list)
 #include "options/option_lists.def"
-#undef ZR_TEXT_LIST
-#undef ZR_VALUE_LIST
-#undef ZR_EMPTY_LIST
-#undef ZR_SAME_LIST
 
 } // namespace UICommon

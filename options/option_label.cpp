@@ -19,7 +19,6 @@ constexpr auto kTags = [] {
     std::array tags{
 #define ZR_OPTION_TAG(tag, text) Tag{#tag, text},
 #include "options/option_tags.def"
-#undef ZR_OPTION_TAG
     };
     std::ranges::sort(tags, {}, &Tag::tag);
     return tags;
@@ -46,8 +45,6 @@ constexpr auto kLabels = [] {
 #define ZR_TEXT_LABEL(item, text, suffix) Label{item, text, {}, suffix},
 #define ZR_TAG_LABEL(item, tag, suffix) Label{item, 0, #tag, suffix},
 #include "options/option_labels.def"
-#undef ZR_TEXT_LABEL
-#undef ZR_TAG_LABEL
     };
 }();
 static_assert(std::ranges::all_of(kLabels,

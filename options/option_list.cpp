@@ -21,7 +21,6 @@ struct ValueText {
 constexpr ValueText kValueTexts[]{
 #define ZR_VALUE_TEXT(item, value, text) {#item, value, text},
 #include "options/option_texts.def"
-#undef ZR_VALUE_TEXT
 };
 
 // Evaluated by the compiler only, where reaching the `throw` is an error.
@@ -59,12 +58,7 @@ namespace options_of {
 #define ZR_TEXT_LIST(item, ...) constexpr Option item[]{__VA_ARGS__};
 #define ZR_VALUE_LIST(item, ...) constexpr auto item = OptionsOfValues(#item, {__VA_ARGS__});
 #define ZR_EMPTY_LIST(item) constexpr std::array<Option, 0> item;
-#define ZR_SAME_LIST(item, list)
 #include "options/option_lists.def"
-#undef ZR_TEXT_LIST
-#undef ZR_VALUE_LIST
-#undef ZR_EMPTY_LIST
-#undef ZR_SAME_LIST
 } // namespace options_of
 
 using Options = std::span<const Option>;
@@ -95,10 +89,6 @@ constexpr auto kLists = [] {
 #define ZR_EMPTY_LIST(item) List(item, options_of::item),
 #define ZR_SAME_LIST(item, list) List(item, options_of::list),
 #include "options/option_lists.def"
-#undef ZR_TEXT_LIST
-#undef ZR_VALUE_LIST
-#undef ZR_EMPTY_LIST
-#undef ZR_SAME_LIST
     };
 }();
 
@@ -152,9 +142,4 @@ int UICommon::GetKeywordOptionString(int keyword, char* buffer, std::size_t size
     }
 #define ZR_VALUE_LIST(item, ...) ZR_TEXT_LIST(item)
 #define ZR_EMPTY_LIST(item) ZR_TEXT_LIST(item)
-#define ZR_SAME_LIST(item, list)
 #include "options/option_lists.def"
-#undef ZR_TEXT_LIST
-#undef ZR_VALUE_LIST
-#undef ZR_EMPTY_LIST
-#undef ZR_SAME_LIST

@@ -15,10 +15,7 @@ using TagArray = std::span<const std::int32_t>;
 
 namespace tag_array {
 #define ZR_TAG_ARRAY(name, ...) constexpr std::int32_t name[]{__VA_ARGS__};
-#define ZR_TAGS_OF(number, array)
 #include "settings/tag_arrays.def"
-#undef ZR_TAG_ARRAY
-#undef ZR_TAGS_OF
 } // namespace tag_array
 
 struct Row {
@@ -29,11 +26,8 @@ struct Row {
 constexpr auto kRows = [] {
     using namespace keyword;
     return std::to_array<Row>({
-#define ZR_TAG_ARRAY(name, ...)
 #define ZR_TAGS_OF(number, array) {number, tag_array::array},
 #include "settings/tag_arrays.def"
-#undef ZR_TAG_ARRAY
-#undef ZR_TAGS_OF
     });
 }();
 

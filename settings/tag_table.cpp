@@ -16,7 +16,6 @@ struct Tag {
 constexpr auto kTags = std::to_array<Tag>({
 #define ZR_TAG(key, longName, description) Tag{#key, #longName, description},
 #include "settings/tag_table.def"
-#undef ZR_TAG
 });
 static_assert(kTags.size() == kTagCount);
 

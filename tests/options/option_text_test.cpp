@@ -20,7 +20,6 @@ struct Row {
 const std::vector<Row> kRows{
 #define ZR_VALUE_TEXT(item, value, text) {#item, value, text},
 #include "options/option_texts.def"
-#undef ZR_VALUE_TEXT
 };
 
 struct String {
@@ -46,24 +45,12 @@ const std::set<unsigned> kNamedStrings = [] {
     for (const std::vector<TextNumber>& row : std::vector<std::vector<TextNumber>>{
 #define ZR_VALUE_TEXT(item, value, text) {text},
 #include "options/option_texts.def"
-#undef ZR_VALUE_TEXT
 #define ZR_TEXT_LIST(item, ...) {__VA_ARGS__},
-#define ZR_VALUE_LIST(item, ...)
-#define ZR_EMPTY_LIST(item)
-#define ZR_SAME_LIST(item, list)
 #include "options/option_lists.def"
-#undef ZR_TEXT_LIST
-#undef ZR_VALUE_LIST
-#undef ZR_EMPTY_LIST
-#undef ZR_SAME_LIST
 #define ZR_TEXT_LABEL(item, text, suffix) {text},
-#define ZR_TAG_LABEL(item, tag, suffix)
 #include "options/option_labels.def"
-#undef ZR_TEXT_LABEL
-#undef ZR_TAG_LABEL
 #define ZR_OPTION_TAG(tag, text) {text},
 #include "options/option_tags.def"
-#undef ZR_OPTION_TAG
          })
         for (const TextNumber text : row)
             named.insert(text.number);
@@ -72,15 +59,8 @@ const std::set<unsigned> kNamedStrings = [] {
 }();
 
 const std::map<std::string, std::vector<int>> kValues{
-#define ZR_TEXT_LIST(item, ...)
 #define ZR_VALUE_LIST(item, ...) {#item, {__VA_ARGS__}},
-#define ZR_EMPTY_LIST(item)
-#define ZR_SAME_LIST(item, list)
 #include "options/option_lists.def"
-#undef ZR_TEXT_LIST
-#undef ZR_VALUE_LIST
-#undef ZR_EMPTY_LIST
-#undef ZR_SAME_LIST
 };
 
 TEST(OptionTexts, HoldEveryTextByItsValue) {

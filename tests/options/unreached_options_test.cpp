@@ -13,32 +13,17 @@ using Key = std::pair<std::string, std::string>;
 
 const std::vector<std::pair<int, Values>> kWeights{
 #define ZR_PAPER_TYPE_WEIGHTS(type, ...) {type, {__VA_ARGS__}},
-#define ZR_UNREACHED_LIST(item, variant, ...)
-#define ZR_UNREACHED_TEXT(item, variant, value, text)
 #include "options/unreached_options.def"
-#undef ZR_PAPER_TYPE_WEIGHTS
-#undef ZR_UNREACHED_LIST
-#undef ZR_UNREACHED_TEXT
 };
 
 const std::vector<std::pair<Key, Values>> kLists{
-#define ZR_PAPER_TYPE_WEIGHTS(type, ...)
 #define ZR_UNREACHED_LIST(item, variant, ...) {{#item, #variant}, {__VA_ARGS__}},
-#define ZR_UNREACHED_TEXT(item, variant, value, text)
 #include "options/unreached_options.def"
-#undef ZR_PAPER_TYPE_WEIGHTS
-#undef ZR_UNREACHED_LIST
-#undef ZR_UNREACHED_TEXT
 };
 
 const std::vector<std::tuple<std::string, std::string, int, std::string>> kTexts{
-#define ZR_PAPER_TYPE_WEIGHTS(type, ...)
-#define ZR_UNREACHED_LIST(item, variant, ...)
 #define ZR_UNREACHED_TEXT(item, variant, value, text) {#item, #variant, value, text},
 #include "options/unreached_options.def"
-#undef ZR_PAPER_TYPE_WEIGHTS
-#undef ZR_UNREACHED_LIST
-#undef ZR_UNREACHED_TEXT
 };
 
 TEST(UnreachedOptions, KeepTheWeightsOfEachPaperType) {
