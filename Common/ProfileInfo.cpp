@@ -22,6 +22,9 @@ constexpr DataFile kDataFiles[] = {
     {"Finisher.dat", &CProfileInfo::m_FinisherInfo},
 };
 
+// Indices of custom paper names below this have a slot.
+constexpr int kNameIndexEnd = static_cast<int>(kProfileItemCount - kFirstCustomPaperNameSlot);
+
 std::unique_ptr<ByteSource> OpenProfile(const char* profileName) {
     PathBuffer path{};
     if (!profileName || !GetProfilePath(path, profileName))
@@ -54,7 +57,7 @@ int CProfileInfo::UpdateProfile(const char* profileName) {
 
 int CProfileInfo::GetCustomPaperNameConfig(std::string* out, int index) const {
     ZR_LOG_ENTRY();
-    if (!out || index < 0 || static_cast<std::size_t>(index) >= m_Item.size() - kFirstCustomPaperNameSlot) {
+    if (!out || index < 0 || index >= kNameIndexEnd) {
         ZR_LOG("index=%d\n", index);
         return 0;
     }

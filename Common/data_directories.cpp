@@ -89,14 +89,13 @@ int CreateDirectoryBelowRoot(std::string_view directory) {
     if (!formed.isWhole)
         return 0;
     ZR_LOG("%s\n", path.data());
+    // Behind the base all is ASCII, so a backslash is no second byte of a character.
     for (std::size_t at = formed.baseLength + 1; at < formed.length; ++at) {
-        if (IsLeadByte(static_cast<unsigned char>(path[at]))) {
-            ++at;
-        } else if (path[at] == '\\') {
-            path[at] = '\0';
-            platform_files::MakeDirectory(path.data());
-            path[at] = '\\';
-        }
+        if (path[at] != '\\')
+            continue;
+        path[at] = '\0';
+        platform_files::MakeDirectory(path.data());
+        path[at] = '\\';
     }
     if (platform_files::MakeDirectory(path.data()))
         return 1;

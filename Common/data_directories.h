@@ -8,7 +8,8 @@
 
 // Each writes the path of one directory into a buffer of `size` bytes, cut to it, and returns its length. The
 // last pieces, the model's and the directory's own, are left away where the room does not exceed them by two
-// bytes. If the folder that all stand in can't be had, the buffer's content stays.
+// bytes. If the folder that all stand in can't be had, the buffer's content stays, but for a NUL in its last
+// byte.
 int GetDataRootDirectory(char* buffer, std::size_t size);
 int GetFavoriteDirectory(char* buffer, std::size_t size);
 int GetProfileDirectory(char* buffer, std::size_t size);

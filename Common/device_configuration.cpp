@@ -93,18 +93,18 @@ void ApplyPair(std::span<const KeyRule> rules, std::string_view key, std::string
 
 } // namespace
 
-constexpr Query kTray{"error trayconfig", false, kTrayBase, kTrayRules};
-constexpr Query kOutput{"error outputconfig", false, kFirstOption, kOutputRules};
-constexpr Query kPunch{"error punchconfig", true, kFirstOption, kPunchRules};
-constexpr Query kStaple{"error stapleconfig", true, kFirstOption, kStapleRules};
-constexpr Query kFold{"error foldconfig", true, kFirstOption, kFoldRules};
+constexpr Query kTray{"GetTrayConfig", "error trayconfig", false, kTrayBase, kTrayRules};
+constexpr Query kOutput{"GetOutputConfig", "error outputconfig", false, kFirstOption, kOutputRules};
+constexpr Query kPunch{"GetPunchConfig", "error punchconfig", true, kFirstOption, kPunchRules};
+constexpr Query kStaple{"GetStapleConfig", "error stapleconfig", true, kFirstOption, kStapleRules};
+constexpr Query kFold{"GetFoldConfig", "error foldconfig", true, kFirstOption, kFoldRules};
 // The first option of the offset stays 0, as nothing looks at it.
-constexpr Query kJog{"error jogconfig", true, {}, kJogRules};
+constexpr Query kJog{"GetJogConfig", "error jogconfig", true, {}, kJogRules};
 
 int Answer(const Query& query, int* list, int listCount, const DeviceRecordMap& records) {
-    ZR_LOG_ENTRY();
+    WriteLog("%s %d行目 %s\n", __FILE__, __LINE__, query.name);
     if (!list || (query.needsCount && listCount < 1)) {
-        ZR_LOG("%s = %d\n", query.errorText, listCount);
+        WriteLog("%s %d行目 %s() %s = %d\n", __FILE__, __LINE__, query.name, query.errorText, listCount);
         return 0;
     }
     const std::span flags(list, static_cast<std::size_t>(std::max(listCount, 0)));

@@ -30,6 +30,7 @@ struct KeyRule {
 };
 
 struct Query {
+    const char* name;                 // of the query, under which its log lines stand
     const char* errorText;            // of the log line that refuses a list
     bool needsCount;                  // refuses a list of fewer than 1
     std::span<const IndexRange> base; // fitted without any record

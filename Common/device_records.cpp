@@ -8,39 +8,43 @@ constexpr std::size_t kNone = std::string_view::npos;
 
 } // namespace
 
-void DeviceRecordMap::AddField(std::int32_t index, std::string_view field) {
+DeviceRecordMap& DeviceRecordMap::operator=(const DeviceRecordMap& other) {
+    return *this = DeviceRecordMap(other);
+}
+
+void DeviceRecordMap::AddField(std::int32_t index, Line& line, std::size_t begin, std::size_t end) {
+    const std::string_view field = line.whole.substr(0, end);
     Record* record = nullptr;
-    // The field from its first new key on, once there is one.
-    std::string_view text;
-    std::size_t textBegin = 0;
-    std::size_t rest = 0;
-    for (std::size_t mark = field.find('?'); mark != kNone; mark = field.find('?', rest)) {
+    std::size_t rest = begin;
+    for (std::size_t mark = field.find('?', begin); mark != kNone; mark = field.find('?', rest)) {
         const std::size_t key = mark + 1;
         const std::size_t keyEnd = field.find('?', key);
         // Without a second mark the text stays in place and serves as the value too.
         rest = keyEnd == kNone ? key : keyEnd + 1;
-        const std::size_t keyLength = (keyEnd == kNone ? field.size() : keyEnd) - key;
+        const std::size_t keyLength = (keyEnd == kNone ? end : keyEnd) - key;
 
         if (!record)
             record = &m_records[index];
         if (record->contains(field.substr(key, keyLength)))
             continue;
-        if (!text.data()) {
-            textBegin = key;
-            m_texts.push_back(std::make_shared<const std::string>(field.substr(key)));
-            text = *m_texts.back();
+        if (!line.kept.data()) {
+            m_texts.push_back(std::make_shared<const std::string>(line.whole.substr(key)));
+            line.kept = *m_texts.back();
         }
-        record->emplace(text.substr(key - textBegin, keyLength), text.substr(rest - textBegin));
+        const std::size_t leftOut = line.whole.size() - line.kept.size();
+        record->emplace(line.kept.substr(key - leftOut, keyLength),
+                        line.kept.substr(rest - leftOut, end - rest));
     }
 }
 
 void DeviceRecordMap::AddLine(std::int32_t index, std::string_view line) {
+    Line read{line, {}};
     std::size_t begin = 0;
     for (std::size_t end = line.find('|'); end != kNone; end = line.find('|', begin)) {
-        AddField(index, line.substr(begin, end - begin));
+        AddField(index, read, begin, end);
         begin = end + 1;
     }
-    AddField(index, line.substr(begin));
+    AddField(index, read, begin, line.size());
 }
 
 void DeviceRecordMap::AddLines(TextLines& lines) {

@@ -83,6 +83,14 @@ class Input {
     std::string_view m_rest;
 };
 
+int CountChanged(const std::vector<ProfileItem>& items, const std::vector<ProfileItem>& before) {
+    int changed = 0;
+    for (std::size_t i = 0; i < items.size(); ++i)
+        changed += items[i].name != before[i].name || items[i].type != before[i].type ||
+                   items[i].value != before[i].value || items[i].exists != before[i].exists;
+    return changed;
+}
+
 void ReadOwnProfile(Input& input, std::size_t most) {
     std::vector<ProfileItem> items(input.Byte() % 6);
     for (ProfileItem& item : items) {
@@ -90,24 +98,28 @@ void ReadOwnProfile(Input& input, std::size_t most) {
         item.name = input.Bytes(input.Byte() % 4);
         item.value = input.Bytes(input.Byte() % 3);
     }
-    const auto before = items;
+    const auto initial = items;
+    auto before = items; // as the last line found them
 
     MemorySource source(input.Rest(), most);
     TextLines lines(source);
     std::string line;
     try {
-        while (lines.Next(line))
+        while (lines.Next(line)) {
+            before = items;
             ScanProfileLine(items, line);
+            Require(CountChanged(items, before) <= 1);
+        }
     } catch (const std::out_of_range& error) {
         Require(std::strcmp(error.what(), "invalid string position") == 0);
-        Require(!items.empty());
+        Require(!items.empty() && CountChanged(items, before) == 0);
     }
     for (std::size_t i = 0; i < items.size(); ++i) {
         const bool isText = items[i].type == profile_item_type::Text;
-        Require(items[i].name == before[i].name && items[i].type == before[i].type);
-        Require(isText ? items[i].exists == 0 : items[i].value == before[i].value);
+        Require(items[i].name == initial[i].name && items[i].type == initial[i].type);
+        Require(isText ? items[i].exists == 0 : items[i].value == initial[i].value);
         Require(items[i].type == profile_item_type::Presence || items[i].exists == 0);
-        Require(items[i].value.size() <= std::max(input.Rest().size(), before[i].value.size()));
+        Require(items[i].value.size() <= std::max(input.Rest().size(), initial[i].value.size()));
     }
 }
 

@@ -1,5 +1,5 @@
-// Attacks invariants 19 and 22 to 24 of docs/security.md: any bytes are read as a device's data file, twice,
-// and asked for by every query with a list of any length.
+// Attacks invariants 19, 22 and 23 of docs/security.md, and of 24 that there are two errors and no other: any
+// bytes are read as a device's data file, twice, and asked for by every query with a list of any length.
 #include "Common/ProfileInfo.h"
 #include "Common/text_lines.h"
 #include "tests/Common/memory_source.h"

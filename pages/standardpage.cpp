@@ -5,6 +5,8 @@
 #include "session/datamanager.h"
 #include "session/session.h"
 
+#include <exception>
+
 INT_PTR CALLBACK StandardPageProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     return CStandardPageDlg(dialog, ProcessProfile()).DlgProc(message, wParam, lParam);
 }
@@ -17,9 +19,13 @@ int CStandardPageDlg::Initialize(SessionBlock*, int) {
 
 void CStandardPageDlg::LoadDeviceDataFiles() {
     ZR_LOG_ENTRY();
-    PathBuffer directory{};
-    if (profile && GetDriverResourcePath(directory))
-        profile->LoadDeviceDataFiles(directory.data());
+    try {
+        PathBuffer directory{};
+        if (profile && GetDriverResourcePath(directory))
+            profile->LoadDeviceDataFiles(directory.data());
+    } catch (const std::exception& error) {
+        ZR_LOG("%s\n", error.what());
+    }
 }
 
 int CStandardPageDlg::OnCommand(WORD, WORD, HWND) {

@@ -17,6 +17,7 @@ class CStandardPageDlg : public CPSPageDlg {
     int OnDrawItem(int controlId, const DRAWITEMSTRUCT* item) override;
 
   private:
-    // Brings the profile's records up to the data files of the print server.
+    // Brings the profile's records up to the data files of the print server. What they hold of a reading that
+    // failed stays, and the page opens with it.
     void LoadDeviceDataFiles();
 };

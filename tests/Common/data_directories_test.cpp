@@ -140,11 +140,15 @@ TEST_F(DataDirectories, AreMadeBelowAFolderOfDoubleByteCharacters) {
     EXPECT_TRUE(IsDirectory("\\SpotColor\\User"));
 }
 
-TEST_F(DataDirectories, AreNotMadeWhereAFileStands) {
-    Write(root / "documents/Zephra/KP Controller/Orvane X100/SpotColor", "");
-    EXPECT_EQ(CreateDataDirectories(), 0);
-    EXPECT_TRUE(IsDirectory("\\favorite"));
-    EXPECT_TRUE(IsDirectory("\\profile"));
+TEST_F(DataDirectories, AreNotAllMadeWhereAFileStandsInPlaceOfOne) {
+    for (const Directory& directory : kDirectories) {
+        std::filesystem::remove_all(base);
+        Write(platform_files::NativePath(base + kBelowBase + directory.below), "");
+        EXPECT_EQ(CreateDataDirectories(), 0) << directory.below;
+        for (const Directory& other : kDirectories)
+            EXPECT_EQ(IsDirectory(other.below), !std::string_view(other.below).starts_with(directory.below))
+                << other.below;
+    }
 }
 
 TEST_F(DataDirectories, AreNotMadeWithoutTheirFolderOrRoom) {

@@ -2,24 +2,15 @@
 #include "Common/ProfileInfo.h"
 
 #include "tests/Common/native_folders.h"
+#include "tests/Common/plain_records.h"
 
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <map>
 #include <string>
 
 namespace {
 
-using Plain = std::map<std::int32_t, std::map<std::string, std::string>>;
-
-Plain PlainOf(const DeviceRecordMap& records) {
-    Plain plain;
-    for (const auto& [index, record] : records.All())
-        for (const auto& [key, value] : record)
-            plain[index].emplace(key, value);
-    return plain;
-}
+using Plain = PlainRecords;
 
 class DeviceDataFiles : public NativeFolderTest {
   protected:
@@ -98,15 +89,11 @@ TEST_F(DeviceDataFiles, ThatAreDirectoriesOrPipesAreNotOpened) {
 
 TEST_F(DeviceDataFiles, ThatMayNotBeReadAreNotOpened) {
     WriteFile("Feeder.dat", "?Number?4\n");
-    ASSERT_EQ(chmod(root.c_str(), 0755), 0);
-    ASSERT_EQ(chmod((directory + "Feeder.dat").c_str(), 0), 0);
-    // The superuser may read it all the same, so the test becomes another user meanwhile.
-    constexpr uid_t kNobody = 65534;
-    const uid_t self = geteuid();
-    if (self == 0 && seteuid(kNobody) != 0)
+    Forbid(directory + "Feeder.dat");
+    const OrdinaryUser user;
+    if (!user.IsOrdinary())
         GTEST_SKIP() << "the superuser can't become another user here";
     EXPECT_EQ(profile.ReadDeviceDataFile((directory + "Feeder.dat").c_str(), "Feeder.dat"), 0);
-    ASSERT_EQ(seteuid(self), 0);
     EXPECT_EQ(PlainOf(profile.m_FeederInfo), Plain{});
 }
 

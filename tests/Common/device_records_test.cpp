@@ -1,25 +1,19 @@
 #include "Common/device_records.h"
 
 #include "tests/Common/memory_source.h"
+#include "tests/Common/plain_records.h"
+#include "tests/Common/short_memory.h"
 
 #include <gtest/gtest.h>
 
-#include <map>
+#include <new>
 #include <string>
 
 using namespace std::string_literals;
 
 namespace {
 
-using Plain = std::map<std::int32_t, std::map<std::string, std::string>>;
-
-Plain PlainOf(const DeviceRecordMap& records) {
-    Plain plain;
-    for (const auto& [index, record] : records.All())
-        for (const auto& [key, value] : record)
-            plain[index].emplace(key, value);
-    return plain;
-}
+using Plain = PlainRecords;
 
 void Read(DeviceRecordMap& records, std::string_view text) {
     MemorySource source(text);
@@ -129,12 +123,64 @@ TEST(DeviceRecords, TakeNoFurtherRoomWhenTheSameFileIsReadAgain) {
     EXPECT_EQ(records.TextSize(), size);
 }
 
-TEST(DeviceRecords, TakeRoomOnlyFromAFieldsFirstNewKeyOn) {
+TEST(DeviceRecords, TakeRoomOnlyFromALinesFirstNewKeyOn) {
     DeviceRecordMap records;
     records.AddLine(0, "?old?" + std::string(1000, 'x'));
     const std::size_t size = records.TextSize();
-    records.AddLine(0, "?old?" + std::string(1000, 'y') + "?new?1|?more?2|?old?" + std::string(1000, 'z'));
-    EXPECT_EQ(records.TextSize(), size + std::string("new?1").size() + std::string("more?2").size());
+    records.AddLine(0, "?old?" + std::string(1000, 'y') + "|?old?z?new?1|?more?2|?old?3");
+    EXPECT_EQ(records.TextSize(), size + std::string("new?1|?more?2|?old?3").size());
+    EXPECT_EQ(PlainOf(records), (Plain{{0, {{"old", std::string(1000, 'x')}, {"new", "1"}, {"more", "2"}}}}));
+}
+
+TEST(DeviceRecords, OfALineShareOneText) {
+    DeviceRecordMap records;
+    records.AddLine(0, "front?a?1|?b?2?c?|?d");
+    const auto& record = records.All().at(0);
+    EXPECT_EQ(records.TextSize(), std::string("a?1|?b?2?c?|?d").size());
+    EXPECT_EQ(record.at("b").data() - record.at("a").data(), 5);
+    EXPECT_EQ(record.at("d").data() - record.at("b").data(), 6);
+}
+
+TEST(DeviceRecords, StayWholeWhenMemoryEndsInAnAssignment) {
+    DeviceRecordMap from;
+    Read(from, "?a?" + std::string(100, 'f') + "\n?b?" + std::string(100, 'g') + "\n?c?1\n");
+    bool isAssigned = false;
+    for (std::size_t allocations = 0; !isAssigned; ++allocations) {
+        DeviceRecordMap to;
+        Read(to, "?x?" + std::string(100, 'y') + "\n?z?2");
+        try {
+            const ShortMemory memory(allocations);
+            to = from;
+            isAssigned = true;
+        } catch (const std::bad_alloc&) {
+            EXPECT_EQ(PlainOf(to), (Plain{{0, {{"x", std::string(100, 'y')}}}, {1, {{"z", "2"}}}}));
+        }
+        if (isAssigned) {
+            EXPECT_EQ(PlainOf(to), PlainOf(from));
+            EXPECT_GT(allocations, 3u) << "memory has ended in none";
+        }
+    }
+}
+
+TEST(DeviceRecords, KeepWhatWasReadWhenMemoryEndsAndTakeTheRestLater) {
+    const Plain whole{{0, {{"a", std::string(100, 'f')}, {"b", "2"}}}, {1, {{"c", "1"}}}};
+    const std::string text = "?a?" + std::string(100, 'f') + "|?b?2\n?c?1\n";
+    int ends = 0;
+    for (bool isRead = false; !isRead; ++ends) {
+        DeviceRecordMap records;
+        try {
+            const ShortMemory memory(static_cast<std::size_t>(ends));
+            Read(records, text);
+            isRead = true;
+        } catch (const std::bad_alloc&) {
+            for (const auto& [index, record] : PlainOf(records))
+                for (const auto& [key, value] : record)
+                    EXPECT_EQ(value, whole.at(index).at(key));
+        }
+        Read(records, text);
+        EXPECT_EQ(PlainOf(records), whole);
+    }
+    EXPECT_GT(ends, 5);
 }
 
 TEST(DeviceRecords, OutliveTheTextTheyWereReadFromAndTheMapTheyWereCopiedFrom) {

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -32,8 +34,34 @@ class NativeFolderTest : public testing::Test {
     // Writes a file, with the directories that lead to it.
     static void Write(const std::filesystem::path& path, std::string_view content) {
         std::filesystem::create_directories(path.parent_path());
-        std::ofstream(path, std::ios::binary) << content;
+        std::ofstream file(path, std::ios::binary);
+        file << content;
+        file.close();
+        EXPECT_TRUE(file.good()) << path;
+    }
+    // Makes a file unreadable for all but the superuser.
+    void Forbid(const std::filesystem::path& path) const {
+        EXPECT_EQ(chmod(root.c_str(), 0755), 0);
+        EXPECT_EQ(chmod(path.c_str(), 0), 0);
     }
 
     std::filesystem::path root;
+};
+
+// While it lives, a superuser, who may read any file, is another user.
+class OrdinaryUser {
+  public:
+    OrdinaryUser() : m_self(geteuid()), m_isOrdinary(m_self != 0 || seteuid(kNobody) == 0) {}
+    ~OrdinaryUser() { EXPECT_EQ(seteuid(m_self), 0); }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+    // False where the superuser can't become another user.
+    bool IsOrdinary() const { return m_isOrdinary; }
+
+  private:
+    static constexpr uid_t kNobody = 65534;
+
+    uid_t m_self;
+    bool m_isOrdinary;
 };

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -30,12 +31,12 @@ TEST_F(ProfileLog, NamesTheFileThatCouldNotBeOpened) {
 
 TEST_F(ProfileLog, TellsTheCountOfARefusedTrayList) {
     CProfileInfo::GetTrayConfig(nullptr, 8, {});
-    EXPECT_TRUE(HasLineEndingIn("error trayconfig = 8\n"));
+    EXPECT_TRUE(HasLineEndingIn("GetTrayConfig() error trayconfig = 8\n"));
 }
 
 TEST_F(ProfileLog, TellsTheCountOfARefusedOutputList) {
     CProfileInfo::GetOutputConfig(nullptr, -5, {});
-    EXPECT_TRUE(HasLineEndingIn("error outputconfig = -5\n"));
+    EXPECT_TRUE(HasLineEndingIn("GetOutputConfig() error outputconfig = -5\n"));
 }
 
 TEST_F(ProfileLog, TellsTheCountOfEachOtherRefusedList) {
@@ -44,18 +45,36 @@ TEST_F(ProfileLog, TellsTheCountOfEachOtherRefusedList) {
     CProfileInfo::GetStapleConfig(list, -1, {});
     CProfileInfo::GetFoldConfig(nullptr, 11, {});
     CProfileInfo::GetJogConfig(nullptr, 3, {});
-    EXPECT_TRUE(HasLineEndingIn("error punchconfig = 0\n"));
-    EXPECT_TRUE(HasLineEndingIn("error stapleconfig = -1\n"));
-    EXPECT_TRUE(HasLineEndingIn("error foldconfig = 11\n"));
-    EXPECT_TRUE(HasLineEndingIn("error jogconfig = 3\n"));
+    EXPECT_TRUE(HasLineEndingIn("GetPunchConfig() error punchconfig = 0\n"));
+    EXPECT_TRUE(HasLineEndingIn("GetStapleConfig() error stapleconfig = -1\n"));
+    EXPECT_TRUE(HasLineEndingIn("GetFoldConfig() error foldconfig = 11\n"));
+    EXPECT_TRUE(HasLineEndingIn("GetJogConfig() error jogconfig = 3\n"));
 }
 
 TEST_F(ProfileLog, TellsACustomPaperIndexThatHasNoName) {
     std::string name;
     profile.GetCustomPaperNameConfig(&name, 120);
+    profile.GetCustomPaperNameConfig(&name, -1);
     profile.GetCustomPaperNameConfig(nullptr, 4);
-    EXPECT_TRUE(HasLineEndingIn("index=120\n"));
-    EXPECT_TRUE(HasLineEndingIn("index=4\n"));
+    EXPECT_TRUE(HasLineEndingIn("GetCustomPaperNameConfig() index=120\n"));
+    EXPECT_TRUE(HasLineEndingIn("GetCustomPaperNameConfig() index=-1\n"));
+    EXPECT_TRUE(HasLineEndingIn("GetCustomPaperNameConfig() index=4\n"));
+}
+
+TEST_F(ProfileLog, NamesTheQueryInItsEntryLine) {
+    using Query = int (*)(int*, int, const DeviceRecordMap&);
+    constexpr std::pair<Query, const char*> kQueries[] = {
+        {CProfileInfo::GetTrayConfig, "GetTrayConfig"},   {CProfileInfo::GetOutputConfig, "GetOutputConfig"},
+        {CProfileInfo::GetPunchConfig, "GetPunchConfig"}, {CProfileInfo::GetStapleConfig, "GetStapleConfig"},
+        {CProfileInfo::GetFoldConfig, "GetFoldConfig"},   {CProfileInfo::GetJogConfig, "GetJogConfig"},
+    };
+    for (const auto& [query, name] : kQueries) {
+        recorder.main.clear();
+        int list[32] = {};
+        query(list, 32, {});
+        ASSERT_EQ(recorder.main.size(), 1u) << name;
+        EXPECT_TRUE(HasLineEndingIn(" " + std::string(name) + "\n")) << recorder.main[0];
+    }
 }
 
 TEST_F(ProfileLog, TellsTheTypeOfAnItemThatIsNeitherPresenceNorText) {

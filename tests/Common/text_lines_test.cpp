@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 using namespace std::string_literals;
@@ -20,6 +23,20 @@ std::vector<std::string> LinesOf(const std::string& bytes, std::size_t most = 40
         all.push_back(line);
     return all;
 }
+
+// A file that grows behind an end that was met once.
+class GrowingSource : public ByteSource {
+  public:
+    std::size_t Read(std::span<char> buffer) override {
+        const std::string_view read = kReads[std::min(m_next++, kReads.size() - 1)];
+        std::ranges::copy(read, buffer.begin());
+        return read.size();
+    }
+
+  private:
+    static constexpr std::array<std::string_view, 4> kReads{"a", "", "b", ""};
+    std::size_t m_next = 0;
+};
 
 using Lines = std::vector<std::string>;
 
@@ -64,6 +81,16 @@ TEST(TextLines, StayAtTheEndOnceItIsReached) {
     std::string line;
     EXPECT_TRUE(lines.Next(line));
     EXPECT_FALSE(lines.Next(line));
+    EXPECT_FALSE(lines.Next(line));
+    EXPECT_EQ(line, "");
+}
+
+TEST(TextLines, StayAtTheEndAlsoIfTheFileGrowsBehindIt) {
+    GrowingSource source;
+    TextLines lines(source);
+    std::string line;
+    EXPECT_TRUE(lines.Next(line));
+    EXPECT_EQ(line, "a");
     EXPECT_FALSE(lines.Next(line));
     EXPECT_EQ(line, "");
 }

@@ -16,6 +16,8 @@
 
 #include <array>
 #include <cstring>
+#include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -123,9 +125,42 @@ class DocumentSheet : public testing::Test {
         driver.Reason(PROPSHEETUI_REASON_INIT);
         ASSERT_EQ(driver.status, S_OK);
     }
+    // The path of a device profile, its directory made.
+    std::string ProfilePath(std::string_view name) {
+        return traces.MakeDirectories(FolderPath(CSIDL_COMMON_DOCUMENTS),
+                                      {"Zephra", "KP Controller", "Orvane X100", "profile"}) +
+               "\\" + std::string(name) + ".cps";
+    }
 
+    Traces traces;
     Driver driver;
 };
+
+std::vector<std::size_t> MarkedSlots() {
+    std::vector<std::size_t> marked;
+    for (std::size_t slot = 0; slot < ProcessProfile()->m_Item.size(); ++slot)
+        if (ProcessProfile()->m_Item[slot].exists == 1)
+            marked.push_back(slot);
+    return marked;
+}
+
+// Gives the empty slots of the process's profile a name that no line has, so that lines reach the slots
+// behind them.
+class NamedEmptySlots {
+  public:
+    NamedEmptySlots() { SetNames("\x01"); }
+    ~NamedEmptySlots() { SetNames(""); }
+    NamedEmptySlots(const NamedEmptySlots&) = delete;
+    NamedEmptySlots& operator=(const NamedEmptySlots&) = delete;
+
+  private:
+    static void SetNames(const char* name) {
+        for (const std::size_t slot : {3, 5, 8, 9, 12, 13, 14, 15, 16, 17})
+            ProcessProfile()->m_Item[slot].name = name;
+    }
+};
+
+using Slots = std::vector<std::size_t>;
 
 } // namespace
 
@@ -196,31 +231,35 @@ TEST_F(DocumentSheet, AddsTheTwoPagesAndGivesTheSecondAsResult) {
 }
 
 TEST_F(DocumentSheet, ReadsTheDeviceProfileThatTheStoreNames) {
-    Traces traces;
-    const std::string directory = traces.MakeDirectories(
-        FolderPath(CSIDL_COMMON_DOCUMENTS), {"Zephra", "KP Controller", "Orvane X100", "profile"});
-    traces.Write(directory + "\\second office.cps", "HasOption_InputSlot=Tray2\r\n");
+    traces.Write(ProfilePath("second office"), "HasOption_InputSlot=Tray2\r\n");
     std::strcpy(driver.record.Profile, "second office");
     Open();
     EXPECT_STREQ(g_SessionBlock->Profile, "second office");
-    const CProfileInfo& profile = *ProcessProfile();
-    for (std::size_t slot = 0; slot < profile.m_Item.size(); ++slot)
-        EXPECT_EQ(profile.m_Item[slot].exists, slot == 1 ? 1 : 0) << slot;
+    EXPECT_EQ(MarkedSlots(), Slots{1});
 }
 
 TEST_F(DocumentSheet, TakesADeviceWithoutAProfileFileForFullyFitted) {
     std::strcpy(driver.record.Profile, "missing");
     Open();
-    for (const ProfileItem& item : ProcessProfile()->m_Item)
-        EXPECT_EQ(item.exists, 1);
+    EXPECT_EQ(MarkedSlots().size(), 149u);
+}
+
+TEST_F(DocumentSheet, OpensWithAProfileWhoseLineEndsWithATextsName) {
+    const NamedEmptySlots named;
+    traces.Write(ProfilePath("office"), "CustomPaperName2=Plain\nWatermark1\n");
+    std::strcpy(driver.record.Profile, "office");
+    Open();
+    EXPECT_EQ(driver.status, S_OK);
+    EXPECT_EQ(addedPages.size(), 2u);
+    EXPECT_EQ(driver.info.Result, 0x102u);
+    EXPECT_EQ(g_SheetCount, 1);
+    EXPECT_EQ(ProcessProfile()->m_Item[30].value, "Plain") << "the line before";
+    EXPECT_EQ(MarkedSlots(), Slots{});
 }
 
 TEST_F(DocumentSheet, OpensWhateverTheProfilesNameAndContent) {
-    Traces traces;
-    const std::string directory = traces.MakeDirectories(
-        FolderPath(CSIDL_COMMON_DOCUMENTS), {"Zephra", "KP Controller", "Orvane X100", "profile"});
-    traces.Write(directory + "\\hostile.cps", std::string(1 << 20, '?') + '\0' + "Watermark1");
-    traces.MakeDirectory(directory + "\\folder.cps");
+    traces.Write(ProfilePath("hostile"), std::string(1 << 20, '?') + '\0' + "Watermark1");
+    traces.MakeDirectory(ProfilePath("folder"));
     for (const std::string& name : {std::string("hostile"), std::string("folder"), std::string("..\\.."),
                                     std::string(255, 'n'), std::string("\x95")}) {
         driver.record.Profile[0] = '\0';
@@ -228,6 +267,10 @@ TEST_F(DocumentSheet, OpensWhateverTheProfilesNameAndContent) {
         Open();
         EXPECT_EQ(addedPages.size(), 2u) << name;
         EXPECT_EQ(g_SheetCount, 1) << name;
+        if (name == "hostile")
+            EXPECT_EQ(MarkedSlots(), Slots{3});
+        else
+            EXPECT_EQ(MarkedSlots().size(), 149u) << name;
         driver.Reason(PROPSHEETUI_REASON_DESTROY);
         addedPages.clear();
     }

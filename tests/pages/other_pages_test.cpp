@@ -1,8 +1,15 @@
 #include "Common/ProfileInfo.h"
 #include "pages/devicepage.h"
 #include "pages/standardpage.h"
+#include "tests/Common/short_memory.h"
 #include "tests/pages/page_fixture.h"
+#include "tests/support/main_log.h"
+#include "tests/support/registry_override.h"
 #include "tests/support/traces.h"
+
+#include <set>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -67,6 +74,56 @@ TEST_F(DeviceData, HasADirectoryNamedByTheStoresServer) {
     ExportedFunc_SetServerAddress(std::string(259, 's').c_str());
     EXPECT_EQ(CPSPageDlg::GetDriverResourcePath(path), 1);
     EXPECT_EQ(std::string(path.data()).size(), 259u);
+}
+
+TEST_F(DeviceData, IsNotLoadedWithoutAProfileOrADirectory) {
+    WriteFeeder("standard.page", "?Number?4\r\n");
+    const HWND page = Open(1066, StandardPageProc);
+    EXPECT_EQ(CStandardPageDlg(page, nullptr).Initialize(&block, 0), 1);
+
+    RegistryOverride user(HKEY_CURRENT_USER);
+    user.AddText("Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders",
+                 "Local AppData", "C:\\no such folder");
+    PathBuffer path{};
+    ASSERT_EQ(CPSPageDlg::GetDriverResourcePath(path), 0);
+    CProfileInfo fresh;
+    EXPECT_EQ(CStandardPageDlg(page, &fresh).Initialize(&block, 0), 1);
+    EXPECT_TRUE(fresh.m_FeederInfo.All().empty());
+}
+
+TEST_F(DeviceData, ThatMemoryDoesNotHoldLeavesThePageWithWhatWasRead) {
+    WriteFeeder("standard.page", "?Number?4\n?Number?5|?Name?" + std::string(100, 'n') + "\n?Number?7\n");
+    const HWND page = Open(1066, StandardPageProc);
+    std::set<std::vector<int>> answers;
+    for (std::size_t allocations = 0, records = 0; records < 3; ++allocations) {
+        CProfileInfo fresh;
+        {
+            const ShortMemory memory(allocations);
+            EXPECT_EQ(CStandardPageDlg(page, &fresh).Initialize(&block, 0), 1);
+        }
+        std::vector<int> trays(8);
+        ASSERT_EQ(CProfileInfo::GetTrayConfig(trays.data(), 8, fresh.m_FeederInfo), 1);
+        answers.insert(trays);
+        records = fresh.m_FeederInfo.All().size();
+        ASSERT_LT(allocations, 1000u);
+    }
+    EXPECT_TRUE(answers.contains({1, 1, 1, 1, 0, 0, 0, 1})) << "nothing read";
+    EXPECT_TRUE(answers.contains({1, 1, 1, 1, 1, 0, 0, 1})) << "the first line";
+    EXPECT_TRUE(answers.contains({1, 1, 1, 1, 1, 1, 0, 1})) << "two lines";
+}
+
+TEST_F(DeviceData, ThatMemoryDoesNotHoldIsLogged) {
+    const MainLog log;
+    WriteFeeder("standard.page", "?Number?4\n");
+    const HWND page = Open(1066, StandardPageProc);
+    CProfileInfo fresh;
+    {
+        const ShortMemory memory(0);
+        CStandardPageDlg(page, &fresh).Initialize(&block, 0);
+    }
+    const std::vector<std::string> messages = log.Messages();
+    ASSERT_FALSE(messages.empty());
+    EXPECT_TRUE(messages.back().ends_with(" LoadDeviceDataFiles() std::bad_alloc")) << messages.back();
 }
 
 class PageSizes : public PageTest {

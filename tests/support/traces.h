@@ -5,6 +5,8 @@
 
 #include <shlobj.h>
 
+#include <gtest/gtest.h>
+
 #include <fstream>
 #include <initializer_list>
 #include <string>
@@ -23,7 +25,8 @@ inline bool IsDirectory(const std::string& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
-// Removes in the reverse order of making. What was there before stays.
+// Removes in the reverse order of making. Directories that were there before stay; a file that was there is
+// written over and goes all the same.
 class Traces {
   public:
     Traces() = default;
@@ -53,8 +56,11 @@ class Traces {
         return base;
     }
     void Write(const std::string& path, std::string_view content) {
-        std::ofstream(path, std::ios::binary) << content;
         m_made.push_back(path);
+        std::ofstream file(path, std::ios::binary);
+        file << content;
+        file.close();
+        EXPECT_TRUE(file.good()) << path;
     }
 
   private:
