@@ -1,0 +1,7 @@
+#include "settings/ansi_code_page.h"
+
+#include <windows.h>
+
+unsigned AnsiCodePage() {
+    return GetACP();
+}
