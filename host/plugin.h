@@ -1,9 +1,9 @@
 // The driver's plug-in, known by its class id and the contract only.
 #pragma once
 
+#include "Common/unique_com.h"
 #include "Common/win_handles.h"
 #include "host/driver_files.h"
-#include "host/unique_com.h"
 #include "oemps/printoem.h"
 
 #include <cstddef>

@@ -1,0 +1,9 @@
+// Replacing a file's content so that the old content is never lost.
+#pragma once
+
+#include <string_view>
+
+// Writes the bytes beside `path`, flushes them and moves them over it. False if any of that fails or if the
+// file of this path is marked read-only: it is then as it was, and nothing is left beside it.
+// `path` is in the process's ANSI code page.
+bool ReplaceFileContent(const char* path, std::string_view bytes);
