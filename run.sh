@@ -2,16 +2,28 @@
 # Opens the printing preferences of "Orvane X100". Without a display it plays a short script on them instead and leaves
 # screenshots in build/screenshots/. Builds the product and installs what is missing first. Options go to driverhost.exe.
 set -euo pipefail
+called_from=$PWD
 cd "$(dirname "${BASH_SOURCE[0]}")"
+root=$PWD
 tools/setup.sh
 [ -f build/windows/build.ninja ] || cmake --preset windows >/dev/null
 cmake --build --preset windows --target product >&2
 
-host=build/windows/bin/driverhost.exe
+# Paths in the options are the caller's.
+host=("$root/tools/with-wine.sh" "$root/tools/wine-run.sh" "$root/build/windows/bin/driverhost.exe" "$@")
 if [ -n "${DISPLAY:-}" ]; then
-    exec tools/with-wine.sh tools/wine-run.sh "$host" "$@"
+    cd "$called_from"
+    exec "${host[@]}"
 elif [ "$#" -gt 0 ]; then
-    exec tools/with-display.sh tools/with-wine.sh tools/wine-run.sh "$host" "$@"
+    case " $* " in
+    *" --script "* | *" --timeout "* | *" --dump "* | *" --remove "* | *" --help "* | *" --version "*) ;;
+    *)
+        echo "run.sh: there is no display to open a sheet on; add --script FILE or --timeout SECONDS" >&2
+        exit 1
+        ;;
+    esac
+    cd "$called_from"
+    exec "$root/tools/with-display.sh" "${host[@]}"
 fi
 
 rm -rf build/screenshots

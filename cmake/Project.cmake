@@ -67,7 +67,7 @@ function(zr_test name)
         # One spooler, one registry and one display serve them all.
         set_tests_properties(${name} PROPERTIES TIMEOUT 300 RUN_SERIAL TRUE)
     else()
-        gtest_discover_tests(${name} PROPERTIES TIMEOUT 120)
+        gtest_discover_tests(${name} NO_PRETTY_VALUES PROPERTIES TIMEOUT 120)
     endif()
 endfunction()
 

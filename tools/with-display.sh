@@ -11,6 +11,7 @@ end_children() {
     fi
     [ "${#children[@]}" -eq 0 ] || kill "${children[@]}" 2>/dev/null
     wait
+    rm -rf "${openbox_files:-}"
 } 2>/dev/null
 trap end_children EXIT
 trap 'exit 143' TERM
@@ -31,7 +32,9 @@ if [ -z "$number" ]; then
     exit 1
 fi
 export DISPLAY=":$number"
-openbox >/dev/null 2>&1 9>&- &
+# Its log and session would go to the user's folders.
+openbox_files=$(mktemp -d)
+XDG_CACHE_HOME=$openbox_files openbox >/dev/null 2>&1 9>&- &
 children+=("$!")
 
 # In the background and a process group of its own, so that a signal is acted on while the command runs.
