@@ -76,7 +76,7 @@ bool MakeDirectory(const char* path) {
 std::unique_ptr<ByteSource> OpenShared(const char* path) {
     const HANDLE opened = CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    UniqueHandle file(opened == INVALID_HANDLE_VALUE ? nullptr : opened);
+    UniqueHandle file = OpenedFile(opened);
     // Reading from a console or a pipe could wait for ever.
     if (!file || GetFileType(file.Get()) != FILE_TYPE_DISK)
         return nullptr;

@@ -77,9 +77,12 @@ struct ImageList {
 
 } // namespace handle_closer
 
-// For kernel objects whose opening function reports failure as null; CreateFile's INVALID_HANDLE_VALUE must
-// be turned into null by its caller.
+// For kernel objects whose opening function reports failure as null.
 using UniqueHandle = UniqueHandleOf<handle_closer::Kernel>;
+// What CreateFile gave, none if that failed.
+inline UniqueHandle OpenedFile(HANDLE file) {
+    return UniqueHandle(file == INVALID_HANDLE_VALUE ? nullptr : file);
+}
 using UniqueHeap = UniqueHandleOf<handle_closer::Heap>;
 using UniquePrinter = UniqueHandleOf<handle_closer::Printer>;
 using UniqueRegistryKey = UniqueHandleOf<handle_closer::RegistryKey>;

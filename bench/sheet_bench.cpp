@@ -4,6 +4,7 @@
 #include "host/install_printer.h"
 #include "oemps/printoem.h"
 #include "session/keyword.h"
+#include "tests/support/own_folder.h"
 
 #include <prsht.h>
 
@@ -194,17 +195,10 @@ double Median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
-std::wstring OwnFolder() {
-    wchar_t path[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const std::wstring whole = path;
-    return whole.substr(0, whole.rfind(L'\\'));
-}
-
 } // namespace
 
 int main() {
-    const InstallResult installed = InstallPrinter(OwnFolder());
+    const InstallResult installed = InstallPrinter(OwnFolder().wstring());
     if (!installed.ok) {
         std::printf("%ls\n", installed.message.c_str());
         return 1;

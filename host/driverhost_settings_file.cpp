@@ -24,7 +24,7 @@ constexpr std::size_t kMaximumSize = 2 * 0xFFFF;
 UniqueHandle OpenFile(const std::wstring& file, DWORD access, DWORD disposition) {
     const HANDLE handle = CreateFileW(file.c_str(), access, FILE_SHARE_READ, nullptr, disposition,
                                       FILE_ATTRIBUTE_NORMAL, nullptr);
-    return UniqueHandle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
+    return OpenedFile(handle);
 }
 
 std::wstring FileName(std::wstring_view printerName) {

@@ -3,7 +3,7 @@
 UniqueHandle OpenToRead(const std::wstring& file) {
     const HANDLE opened = CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
                                       nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    return UniqueHandle(opened == INVALID_HANDLE_VALUE ? nullptr : opened);
+    return OpenedFile(opened);
 }
 
 std::optional<std::string> ReadWhole(HANDLE file, std::size_t limit) {

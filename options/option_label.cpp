@@ -1,7 +1,7 @@
+#include "Common/number_index.h"
 #include "Common/strings.h"
 #include "Common/text.h"
 #include "options/PrintOptionSetting.h"
-#include "options/item_index.h"
 
 #include <algorithm>
 #include <array>
@@ -51,7 +51,7 @@ static_assert(std::ranges::all_of(kLabels,
                                   [](const Label& label) { return label.text || TagText(label.tag); }),
               "a label names a tag that is not in the tag table");
 
-constexpr ItemIndex kLabelOfItem(kLabels);
+constexpr NumberIndex<option_item::Limit> kLabelOfItem(kLabels, &Label::item);
 
 // The whole label with its accelerator.
 std::optional<std::string> LabelText(int item) {

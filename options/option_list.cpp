@@ -1,7 +1,7 @@
+#include "Common/number_index.h"
 #include "Common/strings.h"
 #include "Common/text.h"
 #include "options/PrintOptionSetting.h"
-#include "options/item_index.h"
 #include "resources/resource.h"
 
 #include <algorithm>
@@ -92,7 +92,7 @@ constexpr auto kLists = [] {
     };
 }();
 
-constexpr ItemIndex kListOfItem(kLists);
+constexpr NumberIndex<option_item::Limit> kListOfItem(kLists, &List::item);
 
 std::string TextOf(const Option& option) {
     return LoadText(option.text).append(option.suffix);

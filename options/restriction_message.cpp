@@ -14,8 +14,6 @@ namespace {
 
 using Argument = RestrictionMessage::Argument;
 
-constexpr unsigned kTitle = 3156;
-
 // The item that names the bypass tray in front of its paper type. It has no label, so nothing is put there.
 constexpr int kBypassName = 582;
 
@@ -142,7 +140,7 @@ RestrictionMessage ComposeRestrictionMessage(const RestrictionValues& values,
     }
     message.buttons = message.id == RestrictionMessageId::OfferChange ? AskButtons::OkCancel : AskButtons::Ok;
     CopyText(message.text, FilledMessage(message));
-    LoadText(kTitle, message.title);
+    LoadText(IDS_RESTRICTION_TITLE, message.title);
     return message;
 }
 

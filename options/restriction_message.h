@@ -3,6 +3,7 @@
 
 #include "Common/ask_user.h"
 #include "options/restriction_conflict.h"
+#include "resources/resource.h"
 
 #include <array>
 #include <cstdint>
@@ -12,9 +13,9 @@
 
 // The string numbers of the formats.
 enum class RestrictionMessageId : unsigned {
-    OfferChange = 2130,
+    OfferChange = IDS_RESTRICTION_OFFER,
     // Only says what to change in the job property application, since the pages cannot set MixSizePrint.
-    TellChange = 2132,
+    TellChange = IDS_RESTRICTION_TELL,
 };
 
 // All texts are cut on a character boundary.

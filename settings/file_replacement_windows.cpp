@@ -36,7 +36,7 @@ bool WriteFlushed(const char* path, std::string_view bytes) {
         return false;
     const HANDLE opened =
         CreateFileA(path, GENERIC_WRITE, 0, nullptr, TRUNCATE_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    const UniqueHandle file(opened == INVALID_HANDLE_VALUE ? nullptr : opened);
+    const UniqueHandle file = OpenedFile(opened);
     DWORD written = 0;
     return file && WriteFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
            written == bytes.size() && FlushFileBuffers(file.Get());

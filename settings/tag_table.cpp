@@ -1,9 +1,10 @@
 #include "settings/InterchangeOptionTag.h"
 
+#include "Common/name_index.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdint>
 
 namespace {
 
@@ -32,67 +33,17 @@ constexpr bool IsPlainInComment(std::string_view text) {
 }
 static_assert(std::ranges::all_of(kTags, IsPlainInComment, &Tag::description));
 
-constexpr std::uint32_t Hash(std::string_view text) {
-    std::uint32_t hash = 2166136261u;
-    for (const char c : text)
-        hash = (hash ^ static_cast<unsigned char>(c)) * 16777619u;
-    return hash ^ (hash >> 16);
+constexpr std::string_view KeyOf(std::size_t row) {
+    return kTags[row].key;
 }
+constexpr std::string_view LongNameOf(std::size_t row) {
+    return kTags[row].longName;
+}
+// Names are ASCII: equal as bytes is then the same as equal by double-byte characters.
+constexpr NameIndex<kTagCount, KeyOf> kByKey;
+constexpr NameIndex<kTagCount, LongNameOf> kByLongName;
 
-// Finds a row by one of its names: a name stands in the slot of its hash or in the next free one behind it.
-class Index {
-  public:
-    using Name = std::string_view Tag::*;
-
-    consteval explicit Index(Name name) : name_(name) {
-        for (std::size_t i = 0; i < kTags.size(); ++i) {
-            const std::string_view text = kTags[i].*name;
-            longest_ = std::max(longest_, text.size());
-            const std::size_t slot = SlotOf(text);
-            hasUniqueNames_ = hasUniqueNames_ && rows_[slot] == kFree;
-            rows_[slot] = static_cast<std::uint16_t>(i);
-        }
-    }
-
-    constexpr bool HasUniqueNames() const { return hasUniqueNames_; }
-
-    // Names are ASCII: equal as bytes is then the same as equal by double-byte characters.
-    const Tag* Find(std::string_view text) const {
-        if (text.size() > longest_)
-            return nullptr;
-        const std::uint16_t row = rows_[SlotOf(text)];
-        return row == kFree ? nullptr : &kTags[row];
-    }
-
-  private:
-    static constexpr std::size_t kSlots = 4096;
-    static constexpr std::uint16_t kFree = 0xFFFF;
-
-    static constexpr std::array<std::uint16_t, kSlots> NoRows() {
-        std::array<std::uint16_t, kSlots> rows;
-        rows.fill(kFree);
-        return rows;
-    }
-
-    // The slot that holds the name, or the free one where it would stand.
-    constexpr std::size_t SlotOf(std::string_view text) const {
-        std::size_t slot = Hash(text) % kSlots;
-        while (rows_[slot] != kFree && kTags[rows_[slot]].*name_ != text)
-            slot = (slot + 1) % kSlots;
-        return slot;
-    }
-
-    Name name_;
-    std::array<std::uint16_t, kSlots> rows_ = NoRows();
-    std::size_t longest_ = 0;
-    bool hasUniqueNames_ = true;
-};
-
-constexpr Index kByKey(&Tag::key);
-constexpr Index kByLongName(&Tag::longName);
-static_assert(kByKey.HasUniqueNames() && kByLongName.HasUniqueNames());
-
-void Append(std::vector<std::string_view>& list, Index::Name name) {
+void Append(std::vector<std::string_view>& list, std::string_view Tag::*name) {
     list.reserve(list.size() + kTags.size());
     for (const Tag& tag : kTags)
         list.push_back(tag.*name);
@@ -101,15 +52,16 @@ void Append(std::vector<std::string_view>& list, Index::Name name) {
 } // namespace
 
 void CTagTable::GetTagInfo(std::string_view tag, std::string* longName, std::string* description) const {
-    if (const Tag* row = kByKey.Find(tag)) {
-        *longName = row->longName;
-        *description = row->description;
-    }
+    const int row = kByKey.Find(tag);
+    if (row < 0)
+        return;
+    *longName = kTags[static_cast<std::size_t>(row)].longName;
+    *description = kTags[static_cast<std::size_t>(row)].description;
 }
 
 void CTagTable::GetTagFromLongName(std::string_view longName, std::string* tag) const {
-    if (const Tag* row = kByLongName.Find(longName))
-        *tag = row->key;
+    if (const int row = kByLongName.Find(longName); row >= 0)
+        *tag = kTags[static_cast<std::size_t>(row)].key;
 }
 
 void CTagTable::GetLongNameList(std::vector<std::string_view>* list) const {
