@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
+#include <string>
 
 namespace {
 
@@ -37,4 +38,12 @@ void WriteRecordLog(const char* format, ...) {
     va_start(arguments, format);
     Write(log_backend::Target::Record, format, arguments);
     va_end(arguments);
+}
+
+void WriteFavoriteLog(std::string_view first, std::string_view second) {
+    if (!log_backend::IsOpenable(log_backend::Target::Favorite))
+        return;
+    std::string lines(first);
+    lines.append("\n").append(second).append("\n");
+    log_backend::Replace(log_backend::Target::Favorite, lines);
 }

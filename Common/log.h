@@ -1,5 +1,5 @@
-// The two logs. Both are appended to line by line, the file being opened and closed for each, and stay silent
-// on a machine where it can't be opened.
+// The logs. Two are appended to line by line, the file being opened and closed for each, one is written anew
+// each time. All stay silent on a machine where the file can't be opened.
 #pragma once
 
 #include <string_view>
@@ -11,6 +11,10 @@
 // Writes one message and a line feed, without a stamp, to the record log of the DEVMODE code.
 [[gnu::format(printf, 1, 2)]] void WriteRecordLog(const char* format, ...);
 
+// Replaces the favourites' log, C:\qpsp\Log\Favorite.txt, by two lines: the option lines that were compared
+// last.
+void WriteFavoriteLog(std::string_view first, std::string_view second);
+
 // The opening log line of a function, and a line with text of its own behind the usual three arguments.
 #define ZR_LOG_ENTRY() WriteLog("%s %d行目 %s\n", __FILE__, __LINE__, __func__)
 #define ZR_LOG(format, ...)                                                                                  \
@@ -20,12 +24,15 @@
 // The side of the logs that differs by platform.
 namespace log_backend {
 
-enum class Target { Main, Record };
+enum class Target { Main, Record, Favorite };
 
 // False if a line would be lost anyway, so that it need not even be put together.
 bool IsOpenable(Target target);
 
 // Appends the message; Target::Main puts the stamp in front of it.
 void Append(Target target, std::string_view message);
+
+// The message takes the place of what the log held.
+void Replace(Target target, std::string_view message);
 
 } // namespace log_backend

@@ -18,11 +18,21 @@ struct LogFile {
     ULONGLONG silentUntil;
 };
 
-std::array<LogFile, 2> logFiles{
-    {{"C:\\qpsp\\Log\\debugLog.txt", 0}, {"C:/Users/Public/Documents/Zephra/QPSP/Log/zqnprt.log", 0}}};
+// By target.
+std::array<LogFile, 3> logFiles{{{"C:\\qpsp\\Log\\debugLog.txt", 0},
+                                 {"C:/Users/Public/Documents/Zephra/QPSP/Log/zqnprt.log", 0},
+                                 {"C:\\qpsp\\Log\\Favorite.txt", 0}}};
 
 LogFile& FileOf(Target target) {
-    return logFiles[target == Target::Main ? 0 : 1];
+    return logFiles[static_cast<std::size_t>(target)];
+}
+
+// Null, and silence for a while, where the log can't be opened.
+std::FILE* Open(LogFile& log, const char* mode) {
+    std::FILE* file = std::fopen(log.path, mode);
+    if (!file && errno == ENOENT)
+        log.silentUntil = GetTickCount64() + kRetryAfter;
+    return file;
 }
 
 } // namespace
@@ -32,13 +42,9 @@ bool IsOpenable(Target target) {
 }
 
 void Append(Target target, std::string_view message) {
-    LogFile& log = FileOf(target);
-    std::FILE* file = std::fopen(log.path, "a+");
-    if (!file) {
-        if (errno == ENOENT)
-            log.silentUntil = GetTickCount64() + kRetryAfter;
+    std::FILE* file = Open(FileOf(target), "a+");
+    if (!file)
         return;
-    }
     const int length = static_cast<int>(message.size());
     if (target == Target::Main) {
         SYSTEMTIME now;
@@ -49,6 +55,14 @@ void Append(Target target, std::string_view message) {
     } else {
         std::fprintf(file, "%.*s\n", length, message.data());
     }
+    std::fclose(file);
+}
+
+void Replace(Target target, std::string_view message) {
+    std::FILE* file = Open(FileOf(target), "w");
+    if (!file)
+        return;
+    std::fwrite(message.data(), 1, message.size(), file);
     std::fclose(file);
 }
 

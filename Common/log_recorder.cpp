@@ -23,4 +23,9 @@ void Append(Target target, std::string_view message) {
         (target == Target::Main ? current->main : current->record).emplace_back(message);
 }
 
+void Replace(Target, std::string_view message) {
+    if (current)
+        current->favorite = message;
+}
+
 } // namespace log_backend

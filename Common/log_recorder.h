@@ -18,6 +18,7 @@ class Recorder {
 
     std::vector<std::string> main;
     std::vector<std::string> record;
+    std::string favorite;
 };
 
 } // namespace log_backend

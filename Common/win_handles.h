@@ -50,6 +50,10 @@ struct Kernel {
     using Handle = HANDLE;
     static void Close(HANDLE handle) { CloseHandle(handle); }
 };
+struct FileSearch {
+    using Handle = HANDLE;
+    static void Close(HANDLE search) { FindClose(search); }
+};
 struct Printer {
     using Handle = HANDLE;
     static void Close(HANDLE handle) { ClosePrinter(handle); }
@@ -83,6 +87,7 @@ using UniqueHandle = UniqueHandleOf<handle_closer::Kernel>;
 inline UniqueHandle OpenedFile(HANDLE file) {
     return UniqueHandle(file == INVALID_HANDLE_VALUE ? nullptr : file);
 }
+using UniqueFileSearch = UniqueHandleOf<handle_closer::FileSearch>;
 using UniqueHeap = UniqueHandleOf<handle_closer::Heap>;
 using UniquePrinter = UniqueHandleOf<handle_closer::Printer>;
 using UniqueRegistryKey = UniqueHandleOf<handle_closer::RegistryKey>;

@@ -12,6 +12,7 @@
 namespace {
 
 constexpr char kMainLog[] = "C:\\qpsp\\Log\\debugLog.txt";
+constexpr char kFavoriteLog[] = "C:\\qpsp\\Log\\Favorite.txt";
 constexpr char kRecordLog[] = "C:\\Users\\Public\\Documents\\Zephra\\QPSP\\Log\\zqnprt.log";
 
 std::string Contents(const char* path) {
@@ -33,6 +34,7 @@ class LogFiles : public testing::Test {
     }
     void TearDown() override {
         DeleteFileA(kMainLog);
+        DeleteFileA(kFavoriteLog);
         DeleteFileA(kRecordLog);
         for (auto directory = std::rbegin(kDirectories); directory != std::rend(kDirectories); ++directory)
             RemoveDirectoryA(*directory);
@@ -65,9 +67,17 @@ TEST_F(LogFiles, AreAppendedTo) {
     EXPECT_EQ(Contents(kRecordLog), "first\r\nsecond\r\n");
 }
 
+TEST_F(LogFiles, FavoriteLogHoldsTheTwoLinesThatWereWrittenLast) {
+    WriteFavoriteLog("a long first line", "another");
+    WriteFavoriteLog("first", "second");
+    EXPECT_EQ(Contents(kFavoriteLog), "first\r\nsecond\r\n");
+}
+
 TEST(Log, IsSilentWithoutItsDirectory) {
     WriteLog("lost\n");
+    WriteFavoriteLog("lost", "lost");
     WriteRecordLog("lost");
     EXPECT_EQ(GetFileAttributesA(kMainLog), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(GetFileAttributesA(kFavoriteLog), INVALID_FILE_ATTRIBUTES);
     EXPECT_EQ(GetFileAttributesA(kRecordLog), INVALID_FILE_ATTRIBUTES);
 }

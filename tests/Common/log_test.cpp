@@ -12,6 +12,14 @@ TEST(Log, PassesTheMessageOnAsItIsPutTogether) {
     EXPECT_EQ(recorder.record, std::vector<std::string>{"7"});
 }
 
+TEST(Log, HasTheTwoFavoriteLinesThatWereWrittenLast) {
+    log_backend::Recorder recorder;
+    WriteFavoriteLog("a long first line", "another");
+    WriteFavoriteLog("first", std::string(5000, 's'));
+    EXPECT_EQ(recorder.favorite, "first\n" + std::string(5000, 's') + "\n");
+    EXPECT_TRUE(recorder.main.empty());
+}
+
 TEST(Log, CutsAMessageAt2048Bytes) {
     log_backend::Recorder recorder;
     WriteLog("%s", std::string(5000, 'a').c_str());
