@@ -1,5 +1,7 @@
 #include "settings/print_option_access.h"
 
+#include "tests/settings/option_bytes.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -15,14 +17,6 @@ Bytes BytesOf(const CPrintOptionEx& option, Block block) {
     return {bytes.begin(), bytes.end()};
 }
 
-// The three blocks in a row.
-Bytes AllBytesOf(const CPrintOptionEx& option) {
-    Bytes all;
-    for (const Block block : {Block::Record, Block::JobInfo, Block::Ex})
-        std::ranges::copy(option.Bytes(block), std::back_inserter(all));
-    return all;
-}
-
 Bytes FieldBytes(const CPrintOptionEx& option, const FieldDescriptor& field) {
     const auto bytes = option.Bytes(field.block).subspan(field.offset, field.width);
     return {bytes.begin(), bytes.end()};
@@ -32,7 +26,7 @@ Bytes FieldBytes(const CPrintOptionEx& option, const FieldDescriptor& field) {
 template <class Change>
 void ExpectChangesItsOwnBytesOnly(const FieldDescriptor& field, Change change) {
     CPrintOptionEx option;
-    for (const Block block : {Block::Record, Block::JobInfo, Block::Ex})
+    for (const Block block : kAllBlocks)
         std::ranges::fill(option.Bytes(block), std::uint8_t{0x5A});
     change(option);
     const auto block = option.Bytes(field.block);

@@ -95,7 +95,7 @@ TEST(PrintOptionFields, HaveTheseTellingRows) {
                 {"m_Ex", 40, "PageOrientation", "EXT_ORIENTATION", 2, "i32", 4, 0, 1});
 }
 
-TEST(PrintOptionFields, AreScaledByTenInTheFourMagnifiedPositionsAndByAHundredInTheElevenOthers) {
+TEST(PrintOptionFields, AreScaledByTenInTheFourMagnifiedPositionsAndByAHundredInTheTenOthers) {
     std::set<std::string_view> tens;
     std::set<std::string_view> hundreds;
     for (const FieldDescriptor& field : kFields) {

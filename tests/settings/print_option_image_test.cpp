@@ -1,5 +1,6 @@
 #include "settings/Ddb_PrintOption.h"
 #include "tests/oemps/guarded_block.h"
+#include "tests/settings/option_bytes.h"
 
 #include <gtest/gtest.h>
 
@@ -13,8 +14,6 @@ namespace ddb {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
-
-constexpr Block kBlocks[] = {Block::Record, Block::JobInfo, Block::Ex};
 
 Bytes RandomBytes(std::size_t size, std::uint32_t seed) {
     std::mt19937 random(seed);
@@ -31,7 +30,7 @@ Bytes BytesOf(const Option& option, Block block) {
 
 template <class Option>
 void FillRandomly(Option& option, std::uint32_t seed) {
-    for (const Block block : kBlocks)
+    for (const Block block : kAllBlocks)
         std::ranges::copy(RandomBytes(option.Bytes(block).size(), seed++), option.Bytes(block).begin());
 }
 
@@ -257,8 +256,7 @@ TEST(PrintOptionBytes, AreThoseOfTheClassAndNoneOfABlockBelowIt) {
 }
 
 void ExpectSameBlocks(const CPrintOptionEx& one, const CPrintOptionEx& other) {
-    for (const Block block : kBlocks)
-        EXPECT_EQ(BytesOf(one, block), BytesOf(other, block));
+    EXPECT_EQ(AllBytesOf(one), AllBytesOf(other));
 }
 
 TEST(PrintOptionCopy, TakesAllThreeBlocksInBothForms) {

@@ -1,5 +1,7 @@
 #include "tests/settings/print_option_listing.h"
 
+#include "tests/settings/option_bytes.h"
+
 #include <fstream>
 #include <sstream>
 
@@ -29,9 +31,7 @@ std::int64_t StartOf(const std::string& text) {
 }
 
 void PutNumber(std::vector<std::uint8_t>& block, std::size_t offset, std::size_t width, std::int64_t number) {
-    for (std::size_t i = 0; i < width; ++i)
-        block.at(offset + i) =
-            static_cast<std::uint8_t>(static_cast<std::uint64_t>(number) >> (8 * i) & 0xFF);
+    PutLittleEndian(std::span(block).subspan(offset, width), static_cast<std::uint64_t>(number));
 }
 
 void PutStart(std::vector<std::uint8_t>& block, const ListedOptionField& field) {
@@ -48,6 +48,12 @@ std::vector<std::uint8_t> ExpectedExtra(const std::string& name, std::size_t siz
 }
 
 } // namespace
+
+ddb::Block ListedOptionField::Block() const {
+    return block == "m_Record"    ? ddb::Block::Record
+           : block == "m_JobInfo" ? ddb::Block::JobInfo
+                                  : ddb::Block::Ex;
+}
 
 std::vector<ListedOptionField> ListedRecordFields() {
     std::vector<ListedOptionField> fields;

@@ -1,6 +1,8 @@
 // The print option set as tests/data/record.tsv and record_extra.tsv list it, independently of the code.
 #pragma once
 
+#include "settings/Ddb_PrintOption.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -16,6 +18,8 @@ struct ListedOptionField {
     std::size_t width;
     std::size_t flag;   // 0 without one
     std::int64_t start; // 0 for texts
+
+    ddb::Block Block() const;
 };
 
 // The 556 fields of the main block.
