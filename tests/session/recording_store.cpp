@@ -35,6 +35,18 @@ void ExportedFunc_CreateDataSettingRegistryKey(const char* name, int keywordCoun
     Note("CreateDataSettingRegistryKey", std::string(name) + " " + std::to_string(keywordCount));
 }
 
+#define ZR_RECORD_BANK(bank)                                                                                 \
+    void ExportedFunc_Get##bank(int, std::uint32_t* value) {                                                 \
+        Note("Get" #bank);                                                                                   \
+        *value = 0;                                                                                          \
+    }                                                                                                        \
+    void ExportedFunc_Set##bank(int keyword, std::uint32_t value) {                                          \
+        Note("Set" #bank, std::to_string(keyword) + " " + std::to_string(value));                            \
+    }
+ZR_RECORD_BANK(Current)
+ZR_RECORD_BANK(Default)
+ZR_RECORD_BANK(Favorite)
+
 #define ZR_RECORD_NUMBER(name, type)                                                                         \
     void ExportedFunc_Get##name(type* value) {                                                               \
         Note("Get" #name);                                                                                   \

@@ -38,24 +38,6 @@ std::size_t DriverItems::AddPublic(BYTE pubId, LONG sel, DWORD flags) {
     return items.size() - 1;
 }
 
-std::uint32_t Current(int id) {
-    std::uint32_t value = 0;
-    ExportedFunc_GetCurrent(id, &value);
-    return value;
-}
-
-std::uint32_t Default(int id) {
-    std::uint32_t value = 0;
-    ExportedFunc_GetDefault(id, &value);
-    return value;
-}
-
-std::uint32_t Preview(int id) {
-    std::uint32_t value = 0;
-    ExportedFunc_GetPreview(id, &value);
-    return value;
-}
-
 std::string ReadText(void (*get)(char*)) {
     char text[1024] = {};
     get(text);

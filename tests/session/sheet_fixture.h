@@ -3,6 +3,7 @@
 
 #include "session/datamanager.h"
 #include "session/session.h"
+#include "tests/support/bank_values.h"
 
 #include <gtest/gtest.h>
 
@@ -55,10 +56,6 @@ struct FakeDriver final : IPrintOemDriverUI {
         return answer;
     }
 };
-
-std::uint32_t Current(int id);
-std::uint32_t Default(int id);
-std::uint32_t Preview(int id);
 
 template <typename Value>
 Value ReadNumber(void (*get)(Value*)) {
