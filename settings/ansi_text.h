@@ -17,5 +17,6 @@ using UniqueBStr = std::unique_ptr<OLECHAR, BStrFreer>;
 // Without the characters that XML has no place for. Null if memory is short.
 UniqueBStr WrittenBStr(std::string_view ansi);
 
-// Appends the text, `length` units; what the code page lacks becomes its default character.
+// Appends the text, `length` units. Each character that the code page lacks becomes its default character,
+// '?', also where the page has one that looks alike.
 void AppendAnsi(std::string& ansi, const OLECHAR* text, UINT length);

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <exception>
 #include <memory>
 #include <stdexcept>
 #include <utility>
@@ -47,9 +48,10 @@ class Converter {
 // byte times 256 plus its second. 0 stands for "none".
 class Page {
   public:
-    static const Page& Get() {
-        static const auto page = std::make_unique<Page>();
-        return *page;
+    // Null if the platform can't tell the page.
+    static const Page* Get() {
+        static const std::unique_ptr<const Page> page = Made();
+        return page.get();
     }
 
     Page() {
@@ -69,6 +71,14 @@ class Page {
     }
 
   private:
+    static std::unique_ptr<const Page> Made() {
+        try {
+            return std::make_unique<const Page>();
+        } catch (const std::exception&) {
+            return nullptr;
+        }
+    }
+
     void Add(unsigned character) {
         std::string bytes;
         if (character > 255)
@@ -121,8 +131,12 @@ std::uint32_t TakeCodePoint(std::string_view& utf8) {
 
 } // namespace
 
+bool PrepareCp932() {
+    return Page::Get() != nullptr;
+}
+
 std::string WrittenUtf8(std::string_view cp932) {
-    const Page& page = Page::Get();
+    const Page& page = *Page::Get();
     std::string utf8;
     for (std::size_t at = 0; at < cp932.size(); ++at) {
         const auto byte = static_cast<unsigned char>(cp932[at]);
@@ -142,7 +156,7 @@ std::string WrittenUtf8(std::string_view cp932) {
 }
 
 void AppendCp932(std::string& cp932, std::string_view utf8) {
-    const Page& page = Page::Get();
+    const Page& page = *Page::Get();
     while (!utf8.empty()) {
         const std::uint32_t codePoint = TakeCodePoint(utf8);
         // Line ends and tabs of a file are characters of its texts.

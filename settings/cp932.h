@@ -4,6 +4,9 @@
 #include <string>
 #include <string_view>
 
+// Asks the platform for the page, once. False if it can't tell: then nothing below may be called.
+bool PrepareCp932();
+
 // UTF-8, without the characters that XML has no place for. A double-byte character that the page lacks
 // becomes U+30FB, as on the platform; a first byte without its second is left out.
 std::string WrittenUtf8(std::string_view cp932);

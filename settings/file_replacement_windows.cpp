@@ -4,54 +4,123 @@
 #include "Common/win_handles.h"
 
 #include <algorithm>
-#include <array>
+#include <initializer_list>
 #include <limits>
 #include <string>
 
 namespace {
 
-using TemporaryName = std::array<char, MAX_PATH>;
-
-std::string FolderOf(std::string_view path) {
-    const std::size_t backslash = FindLastCharacter(path, '\\');
-    const std::size_t slash = FindLastCharacter(path, '/');
-    const std::size_t end = slash == std::string_view::npos       ? backslash
-                            : backslash == std::string_view::npos ? slash
-                                                                  : std::max(slash, backslash);
-    return end == std::string_view::npos ? "." : std::string(path.substr(0, end + 1));
+// Where the name of the file begins in its path.
+std::size_t NameBegin(std::string_view path) {
+    std::size_t begin = 0;
+    for (const char separator : {'\\', '/', ':'})
+        if (const std::size_t last = FindLastCharacter(path, separator); last != std::string_view::npos)
+            begin = std::max(begin, last + 1);
+    return begin;
 }
 
-// Makes an empty file of a name that nobody has.
-bool MakeTemporary(const char* path, TemporaryName& name) {
-    return GetTempFileNameA(FolderOf(path).c_str(), "pfk", 0, name.data()) != 0;
+// A name of four characters, which no favourite's name falls below, so that a path that fits the file fits
+// this too.
+std::string TemporaryName(unsigned number) {
+    constexpr std::string_view kDigits = "0123456789abcdefghijklmnopqrstuvwxyz";
+    std::string name = "~";
+    for (int digit = 0; digit < 3; ++digit, number /= kDigits.size())
+        name += kDigits[number % kDigits.size()];
+    return name;
 }
 
-bool IsMarkedReadOnly(const char* path) {
+// The paths that a save may take for its temporary files, beside `path`.
+class TemporaryPaths {
+  public:
+    explicit TemporaryPaths(std::string_view path)
+        : m_folder(path.substr(0, NameBegin(path))), m_number(GetTickCount() + GetCurrentProcessId()) {}
+
+    std::string Next() { return m_folder + TemporaryName(m_number++); }
+
+  private:
+    std::string m_folder;
+    unsigned m_number;
+};
+
+constexpr int kNames = 100; // that are tried
+
+// Makes an empty file of a name that nobody has. None if that fails.
+UniqueHandle MakeTemporary(TemporaryPaths& paths, std::string& made) {
+    UniqueHandle file;
+    for (int name = 0; name < kNames && !file; ++name) {
+        made = paths.Next();
+        file = OpenedFile(
+            CreateFileA(made.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+        // Access is denied to a file that is deleted and still open.
+        if (!file && GetLastError() != ERROR_FILE_EXISTS && GetLastError() != ERROR_ACCESS_DENIED)
+            break;
+    }
+    return file;
+}
+
+// Not every system keeps a read-only file from being moved over.
+bool IsReplaceable(const char* path) {
     const DWORD attributes = GetFileAttributesA(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY);
+    return attributes == INVALID_FILE_ATTRIBUTES ||
+           !(attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY));
 }
 
-bool WriteFlushed(const char* path, std::string_view bytes) {
-    if (bytes.size() > std::numeric_limits<DWORD>::max())
-        return false;
-    const HANDLE opened =
-        CreateFileA(path, GENERIC_WRITE, 0, nullptr, TRUNCATE_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    const UniqueHandle file = OpenedFile(opened);
+bool WriteFlushed(const UniqueHandle& file, std::string_view bytes) {
     DWORD written = 0;
-    return file && WriteFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+    return bytes.size() <= std::numeric_limits<DWORD>::max() &&
+           WriteFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
            written == bytes.size() && FlushFileBuffers(file.Get());
+}
+
+// A name that nobody has; the last that was tried if all are taken.
+std::string FreePath(TemporaryPaths& paths) {
+    std::string path = paths.Next();
+    for (int name = 1; name < kNames && GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES; ++name)
+        path = paths.Next();
+    return path;
+}
+
+// For a file that others have open, which no move goes over, but that they let be deleted. It gets another
+// name and goes with the last of them.
+bool Replace(const char* from, const char* to, TemporaryPaths& paths) {
+    const std::string old = FreePath(paths);
+    if (ReplaceFileA(to, from, old.c_str(), REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)) {
+        DeleteFileA(old.c_str());
+        return true;
+    }
+    if (GetLastError() == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2)
+        MoveFileExA(old.c_str(), to, 0);
+    return false;
+}
+
+// Who looks into every new file has it open for a moment only, so a few attempts are made.
+bool MoveOver(const char* from, const char* to, TemporaryPaths& paths) {
+    constexpr int kAttempts = 5;
+    constexpr DWORD kPause = 50; // ms
+    for (int attempt = 1;; ++attempt) {
+        if (MoveFileExA(from, to, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) ||
+            Replace(from, to, paths))
+            return true;
+        if (attempt == kAttempts)
+            return false;
+        Sleep(kPause);
+    }
 }
 
 } // namespace
 
 bool ReplaceFileContent(const char* path, std::string_view bytes) {
-    TemporaryName temporary{};
-    // Not every system keeps a read-only file from being moved over.
-    if (IsMarkedReadOnly(path) || !MakeTemporary(path, temporary))
+    if (!IsReplaceable(path))
         return false;
-    if (WriteFlushed(temporary.data(), bytes) &&
-        MoveFileExA(temporary.data(), path, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+    TemporaryPaths paths(path);
+    std::string temporary;
+    UniqueHandle file = MakeTemporary(paths, temporary);
+    if (!file)
+        return false;
+    const bool isWritten = WriteFlushed(file, bytes);
+    file.Reset();
+    if (isWritten && MoveOver(temporary.c_str(), path, paths))
         return true;
-    DeleteFileA(temporary.data());
+    DeleteFileA(temporary.c_str());
     return false;
 }

@@ -3,15 +3,6 @@
 #include "settings/file_replacement.h"
 #include "settings/xml_safety.h"
 
-XmlLoad XmlDocument::Load(const char* path) {
-    const auto file = platform_files::OpenShared(path);
-    if (!file) {
-        Clear();
-        return XmlLoad::CannotOpen;
-    }
-    return Load(*file) ? XmlLoad::Loaded : XmlLoad::Failed;
-}
-
 bool XmlDocument::Load(ByteSource& file) {
     const auto bytes = ReadXmlFile(file);
     if (!bytes) {

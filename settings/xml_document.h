@@ -1,6 +1,7 @@
 // An XML document: the few operations that favourite files need. The product's is the platform's XML document
 // object, the native build's is libxml2's. Names and texts are in the process's ANSI code page on both sides
-// of a conversion that never splits a character; a character that the code page lacks is read as '?'.
+// of a conversion that never splits a character; each character that the code page lacks is read as one '?',
+// so a name that has such a character equals none that is known.
 #pragma once
 
 #include "Common/platform_files.h"
@@ -37,12 +38,6 @@ class XmlNode {
 };
 using XmlNodeOwner = std::unique_ptr<XmlNode>;
 
-enum class XmlLoad {
-    CannotOpen, // there is no such file, or it can't be read
-    Failed,     // it is too large, declares a document type or an entity, or is no XML
-    Loaded,
-};
-
 class XmlDocument {
   public:
     XmlDocument() = default;
@@ -71,8 +66,8 @@ class XmlDocument {
     // Where more than one name is sought, Elements() is faster by orders of magnitude.
     virtual std::optional<std::vector<std::string>> TextsByTagName(std::string_view name) = 0;
 
-    // A document that was not loaded is empty afterwards.
-    XmlLoad Load(const char* path);
+    // False for what is too large, declares a document type or an entity, or is no XML; the document is empty
+    // then.
     bool Load(ByteSource& file);
     bool Load(std::string_view bytes);
 
@@ -85,7 +80,7 @@ class XmlDocument {
   protected:
     virtual bool Parse(std::string_view bytes) = 0;
     virtual bool HasDoctype() = 0;
-    virtual void Clear() = 0;
+    virtual void Clear() noexcept = 0;
 };
 
 // The platform's XML layer, started for the calling thread as long as this lives. Documents go before it, on

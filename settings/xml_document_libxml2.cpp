@@ -4,6 +4,7 @@
 
 #include <libxml/parser.h>
 #include <libxml/tree.h>
+#include <libxml/xmlerror.h>
 #include <libxml/xmlsave.h>
 
 namespace {
@@ -94,40 +95,36 @@ xmlNode* Next(xmlNode* node, const xmlNode* root, Leave leave) {
     }
 }
 
-UniqueDocument NewDocument() {
-    UniqueDocument made(xmlNewDoc(XmlChars("1.0")));
-    if (!made)
-        throw XmlLayerError(XmlLayerError::kNoDocument);
-    return made;
-}
-
 class Document : public XmlDocument {
   public:
-    Document() : m_document(NewDocument()) {}
+    Document() {
+        if (!Present())
+            throw XmlLayerError(XmlLayerError::kNoDocument);
+    }
 
     XmlNodeOwner CreateProcessingInstruction(std::string_view target, std::string_view text) override {
-        if (!IsElementName(target) || !IsInstructionText(text))
+        if (!Present() || !IsElementName(target) || !IsInstructionText(text))
             return nullptr;
         return Owner(
             xmlNewDocPI(m_document.get(), XmlChars(WrittenUtf8(target)), XmlChars(WrittenUtf8(text))));
     }
     XmlNodeOwner CreateComment(std::string_view text) override {
-        if (!IsCommentText(text))
+        if (!Present() || !IsCommentText(text))
             return nullptr;
         return Owner(xmlNewDocComment(m_document.get(), XmlChars(WrittenUtf8(text))));
     }
     XmlNodeOwner CreateElement(std::string_view name) override {
-        if (!IsElementName(name))
+        if (!Present() || !IsElementName(name))
             return nullptr;
         return Owner(xmlNewDocNode(m_document.get(), nullptr, XmlChars(WrittenUtf8(name)), nullptr));
     }
     XmlNodeOwner CreateTextNode(std::string_view text) override {
-        return Owner(xmlNewDocText(m_document.get(), XmlChars(WrittenUtf8(text))));
+        return Present() ? Owner(xmlNewDocText(m_document.get(), XmlChars(WrittenUtf8(text)))) : nullptr;
     }
 
     bool AppendChild(XmlNode& child) override {
         auto& node = static_cast<Node&>(child);
-        return IsTaken(m_document.get(), node.Get()) &&
+        return m_document && IsTaken(m_document.get(), node.Get()) &&
                node.AppendTo(reinterpret_cast<xmlNode*>(m_document.get()));
     }
     bool AppendChild(XmlNode& parent, XmlNode& child) override {
@@ -136,7 +133,7 @@ class Document : public XmlDocument {
     }
 
     XmlNodeOwner DocumentElement() override {
-        xmlNode* root = xmlDocGetRootElement(m_document.get());
+        xmlNode* root = Root();
         return root ? std::make_unique<Node>(root) : nullptr;
     }
 
@@ -144,7 +141,7 @@ class Document : public XmlDocument {
         XmlElements elements;
         std::string name;
         std::string text;
-        xmlNode* root = xmlDocGetRootElement(m_document.get());
+        xmlNode* root = Root();
         for (xmlNode* node = root; node; node = Next(node, root, [&] { elements.Close(); })) {
             if (node->type == XML_ELEMENT_NODE) {
                 name.clear();
@@ -162,7 +159,7 @@ class Document : public XmlDocument {
     std::optional<std::vector<std::string>> TextsByTagName(std::string_view name) override {
         std::vector<std::string> texts;
         const std::string wanted = WrittenUtf8(name);
-        xmlNode* root = xmlDocGetRootElement(m_document.get());
+        xmlNode* root = Root();
         for (xmlNode* node = root; node; node = Next(node, root, [] {})) {
             if (node->type != XML_ELEMENT_NODE || QualifiedName(*node) != wanted)
                 continue;
@@ -174,7 +171,7 @@ class Document : public XmlDocument {
 
     bool Serialize(std::string& bytes) override {
         const std::unique_ptr<xmlBuffer, BufferFreer> buffer(xmlBufferCreate());
-        if (!buffer)
+        if (!buffer || !Present())
             return false;
         // The declaration, if there is one, stands in the document as an instruction.
         xmlSaveCtxt* context = xmlSaveToBuffer(buffer.get(), "UTF-8", XML_SAVE_NO_DECL);
@@ -195,9 +192,17 @@ class Document : public XmlDocument {
         return m_document != nullptr;
     }
     bool HasDoctype() override { return m_document->intSubset || m_document->extSubset; }
-    void Clear() override { m_document = NewDocument(); }
+    void Clear() noexcept override { m_document.reset(); }
 
   private:
+    // False if memory is short.
+    bool Present() {
+        if (!m_document)
+            m_document.reset(xmlNewDoc(XmlChars("1.0")));
+        return m_document != nullptr;
+    }
+    xmlNode* Root() const { return m_document ? xmlDocGetRootElement(m_document.get()) : nullptr; }
+
     static std::string QualifiedName(const xmlNode& node) {
         std::string name;
         if (node.ns && node.ns->prefix)
@@ -205,7 +210,7 @@ class Document : public XmlDocument {
         return name.append(View(node.name));
     }
 
-    UniqueDocument m_document;
+    UniqueDocument m_document; // none where the document is empty because a load failed
 };
 
 } // namespace
@@ -215,10 +220,14 @@ class XmlLayer::Apartment {};
 
 XmlLayer::XmlLayer() {
     xmlInitParser();
+    // A parser's own switches don't keep it from telling of bytes that it can't convert.
+    xmlSetStructuredErrorFunc(nullptr, [](void*, xmlErrorPtr) {});
 }
 
 XmlLayer::~XmlLayer() = default;
 
 std::unique_ptr<XmlDocument> XmlLayer::CreateDocument() {
+    if (!PrepareCp932())
+        throw XmlLayerError(XmlLayerError::kNoDocument);
     return std::make_unique<Document>();
 }

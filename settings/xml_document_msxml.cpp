@@ -59,17 +59,17 @@ void SetUp(IXMLDOMDocument& document) {
     ProhibitDtd(document);
 }
 
+// Null if the object can't be made.
 UniqueCom<IXMLDOMDocument> NewDocument() {
     const auto object = Received<IUnknown>([](IUnknown** to) {
         return CoCreateInstance(kDocumentClass, nullptr, CLSCTX_ALL, IID_IUnknown,
                                 reinterpret_cast<void**>(to));
     });
     if (!object || FAILED(OleRun(object.get())))
-        throw XmlLayerError(XmlLayerError::kNoDocument);
+        return nullptr;
     auto document = Queried<IXMLDOMDocument>(*object, kDocumentInterface);
-    if (!document)
-        throw XmlLayerError(XmlLayerError::kNoDocument);
-    SetUp(*document);
+    if (document)
+        SetUp(*document);
     return document;
 }
 
@@ -104,12 +104,15 @@ bool ReadFromStart(IStream& stream, std::string& bytes) {
 
 class Document : public XmlDocument {
   public:
-    Document() : m_document(NewDocument()) {}
+    Document() {
+        if (!Present())
+            throw XmlLayerError(XmlLayerError::kNoDocument);
+    }
 
     XmlNodeOwner CreateProcessingInstruction(std::string_view target, std::string_view text) override {
         const UniqueBStr wideTarget = WrittenBStr(target);
         const UniqueBStr wideText = WrittenBStr(text);
-        if (!wideTarget || !wideText || !IsElementName(target) || !IsInstructionText(text))
+        if (!wideTarget || !wideText || !IsElementName(target) || !IsInstructionText(text) || !Present())
             return nullptr;
         return Owner(Received<IXMLDOMProcessingInstruction>([&](IXMLDOMProcessingInstruction** to) {
             return m_document->createProcessingInstruction(wideTarget.get(), wideText.get(), to);
@@ -117,27 +120,29 @@ class Document : public XmlDocument {
     }
     XmlNodeOwner CreateComment(std::string_view text) override {
         const UniqueBStr wide = WrittenBStr(text);
-        if (!wide || !IsCommentText(text))
+        if (!wide || !IsCommentText(text) || !Present())
             return nullptr;
         return Owner(Received<IXMLDOMComment>(
             [&](IXMLDOMComment** to) { return m_document->createComment(wide.get(), to); }));
     }
     XmlNodeOwner CreateElement(std::string_view name) override {
         const UniqueBStr wide = WrittenBStr(name);
-        if (!wide || !IsElementName(name))
+        if (!wide || !IsElementName(name) || !Present())
             return nullptr;
         return Owner(Received<IXMLDOMElement>(
             [&](IXMLDOMElement** to) { return m_document->createElement(wide.get(), to); }));
     }
     XmlNodeOwner CreateTextNode(std::string_view text) override {
         const UniqueBStr wide = WrittenBStr(text);
-        if (!wide)
+        if (!wide || !Present())
             return nullptr;
         return Owner(Received<IXMLDOMText>(
             [&](IXMLDOMText** to) { return m_document->createTextNode(wide.get(), to); }));
     }
 
-    bool AppendChild(XmlNode& child) override { return IsTaken(child) && Append(*m_document, child); }
+    bool AppendChild(XmlNode& child) override {
+        return m_document && IsTaken(child) && Append(*m_document, child);
+    }
     bool AppendChild(XmlNode& parent, XmlNode& child) override {
         return Append(*static_cast<Node&>(parent).Get(), child);
     }
@@ -150,6 +155,8 @@ class Document : public XmlDocument {
     }
 
     std::optional<std::vector<std::string>> TextsByTagName(std::string_view name) override {
+        if (!m_document)
+            return std::vector<std::string>();
         const UniqueBStr wide = WrittenBStr(name);
         const auto list = Received<IXMLDOMNodeList>(
             [&](IXMLDOMNodeList** to) { return m_document->getElementsByTagName(wide.get(), to); });
@@ -172,7 +179,7 @@ class Document : public XmlDocument {
     bool Serialize(std::string& bytes) override {
         const auto stream =
             Received<IStream>([](IStream** to) { return CreateStreamOnHGlobal(nullptr, TRUE, to); });
-        if (!stream)
+        if (!stream || !Present())
             return false;
         Variant target;
         target->vt = VT_UNKNOWN;
@@ -186,8 +193,8 @@ class Document : public XmlDocument {
         Variant source;
         // The result is a success for what is no XML too.
         VARIANT_BOOL isLoaded = VARIANT_FALSE;
-        return MakeByteArray(bytes, source) && m_document->load(source.Get(), &isLoaded) == S_OK &&
-               isLoaded != VARIANT_FALSE;
+        return MakeByteArray(bytes, source) && Present() &&
+               m_document->load(source.Get(), &isLoaded) == S_OK && isLoaded != VARIANT_FALSE;
     }
     bool HasDoctype() override {
         IXMLDOMDocumentType* received = nullptr;
@@ -195,9 +202,15 @@ class Document : public XmlDocument {
         const UniqueCom<IXMLDOMDocumentType> doctype(received);
         return FAILED(result) || doctype;
     }
-    void Clear() override { m_document = NewDocument(); }
+    void Clear() noexcept override { m_document.reset(); }
 
   private:
+    bool Present() {
+        if (!m_document)
+            m_document = NewDocument();
+        return m_document != nullptr;
+    }
+
     // A document takes one element, comments and instructions; not every version of the object sees to that.
     bool IsTaken(const XmlNode& child) const {
         DOMNodeType type{};
@@ -207,11 +220,13 @@ class Document : public XmlDocument {
     }
 
     UniqueCom<IXMLDOMElement> Root() const {
+        if (!m_document)
+            return nullptr;
         return Received<IXMLDOMElement>(
             [&](IXMLDOMElement** to) { return m_document->get_documentElement(to); });
     }
 
-    UniqueCom<IXMLDOMDocument> m_document;
+    UniqueCom<IXMLDOMDocument> m_document; // none where the document is empty because a load failed
 };
 
 } // namespace

@@ -20,7 +20,7 @@ class XmlDocumentTest : public XmlTest {
         const std::string path = PathOf("round.pfk");
         EXPECT_TRUE(document.Save(path.c_str()));
         const auto read = layer.CreateDocument();
-        EXPECT_EQ(read->Load(path.c_str()), XmlLoad::Loaded);
+        EXPECT_TRUE(LoadFile(*read, path));
         return LastTexts(*read)["Comment"];
     }
 };
@@ -89,7 +89,7 @@ TEST_F(XmlDocumentTest, ANameKeepsItsPrefix) {
 TEST_F(XmlDocumentTest, AnEmptyTextStillMakesAnElement) {
     Build("PageSize", "");
     ASSERT_TRUE(document.Save(PathOf("a.pfk").c_str()));
-    ASSERT_EQ(document.Load(PathOf("a.pfk").c_str()), XmlLoad::Loaded);
+    ASSERT_TRUE(LoadFile(document, PathOf("a.pfk")));
     EXPECT_EQ(PairsOf(document), (Pairs{{"Favorite", ""}, {"PageSize", ""}}));
 }
 
@@ -143,6 +143,23 @@ TEST_F(XmlDocumentTest, AFirstByteWithoutItsSecondIsLeftOut) {
 TEST_F(XmlDocumentTest, CharactersThatTheCodePageLacksAreReadAsQuestionMarks) {
     ASSERT_TRUE(document.Load("<r>a\xED\x95\x9C\xE8\xA1\xA8</r>"sv)); // a Hangul syllable, then 表
     EXPECT_EQ(LastTexts(document)["r"], "a?表");
+}
+
+// Of é, ¥ and © the page has characters that look alike; a pair of UTF-16 units is one character.
+TEST_F(XmlDocumentTest, EachCharacterThatTheCodePageLacksIsReadAsOneQuestionMark) {
+    ASSERT_TRUE(document.Load("<r>a\xC3\xA9"
+                              "b\xC2\xA5"
+                              "c\xC2\xA9"
+                              "d\xF0\x9F\x98\x80"
+                              "e</r>"sv));
+    EXPECT_EQ(LastTexts(document)["r"], "a?b?c?d?e");
+    EXPECT_EQ(document.TextsByTagName("r"), std::vector<std::string>{"a?b?c?d?e"});
+}
+
+TEST_F(XmlDocumentTest, ANameWithACharacterThatTheCodePageLacksIsNoOtherName) {
+    ASSERT_TRUE(document.Load("<r><Comment>1</Comment><Comm\xC3\xA9nt>2</Comm\xC3\xA9nt></r>"sv));
+    EXPECT_EQ(PairsOf(document), (Pairs{{"r", "12"}, {"Comment", "1"}, {"Comm?nt", "2"}}));
+    EXPECT_EQ(document.TextsByTagName("Comment"), std::vector<std::string>{"1"});
 }
 
 TEST_F(XmlDocumentTest, ReadsUtf16OfBothOrders) {

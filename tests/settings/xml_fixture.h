@@ -2,50 +2,29 @@
 #pragma once
 
 #include "settings/xml_document.h"
+#include "tests/support/test_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <initializer_list>
 #include <iterator>
 #include <map>
 #include <memory>
-#include <random>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-class XmlTest : public testing::Test {
+class XmlTest : public testing::Test, protected TestFolder {
   protected:
-    XmlTest() : m_document(layer.CreateDocument()), document(*m_document) {
-        // Programs of several builds may run at once.
-        do {
-            folder = std::filesystem::temp_directory_path();
-            folder /= "zr_xml_" + std::to_string(std::random_device()());
-        } while (!std::filesystem::create_directory(folder));
-    }
-    ~XmlTest() override {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder, ignored);
-    }
+    XmlTest() : m_document(layer.CreateDocument()), document(*m_document) {}
 
-    // A path in the folder; the name is in the ANSI code page.
-    std::string PathOf(std::string_view name) const {
-        const char separator = std::filesystem::path::preferred_separator == '/' ? '/' : '\\';
-        return folder.string() + separator + std::string(name);
-    }
-    std::string Write(std::string_view name, std::string_view content) const {
-        std::ofstream file(PathOf(name), std::ios::binary);
-        file << content;
-        file.close();
-        EXPECT_TRUE(file.good());
-        return PathOf(name);
-    }
-    static std::string Content(const std::string& path) {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
+    // What a load of the file answers; false for a file that can't be opened too.
+    static bool LoadFile(XmlDocument& into, const std::string& path) {
+        const auto file = platform_files::OpenShared(path.c_str());
+        EXPECT_TRUE(file) << path;
+        return file && into.Load(*file);
     }
     std::size_t CountFiles() const {
         return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder),
@@ -96,5 +75,4 @@ class XmlTest : public testing::Test {
 
   protected:
     XmlDocument& document;
-    std::filesystem::path folder;
 };
