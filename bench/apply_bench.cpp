@@ -1,17 +1,14 @@
 // What a sheet pays for the session: binding and loading when it opens, and an apply with nothing changed,
 // with every keyword bound and no printer. Prints figures; judges nothing.
+#include "bench/timing.h"
 #include "session/datamanager.h"
 #include "session/session.h"
 
-#include <algorithm>
 #include <array>
-#include <cstdio>
 #include <memory>
 #include <vector>
 
 namespace {
-
-constexpr int kRuns = 200;
 
 // A driver's tree in which each keyword has an item.
 struct Tree {
@@ -30,24 +27,6 @@ struct Tree {
         }
     }
 };
-
-double Microseconds() {
-    LARGE_INTEGER now, frequency;
-    QueryPerformanceCounter(&now);
-    QueryPerformanceFrequency(&frequency);
-    return 1e6 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
-
-void Report(const char* what, auto run) {
-    std::array<double, kRuns> times;
-    for (double& time : times) {
-        const double start = Microseconds();
-        run();
-        time = Microseconds() - start;
-    }
-    std::ranges::sort(times);
-    std::printf("%-36s median %8.1f us, worst %8.1f us\n", what, times[kRuns / 2], times.back());
-}
 
 } // namespace
 

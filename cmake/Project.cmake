@@ -9,6 +9,11 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_SHARED_LIBRARY_PREFIX "")
 set(CMAKE_SHARED_MODULE_PREFIX "")
 
+# With another compiler the tools would work and write comments that are not in the code page of a favourite.
+if(ZR_HOST_TOOLS AND NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    message(FATAL_ERROR "The build's own tools need g++: ${CMAKE_CXX_COMPILER_ID} has no literals in code page 932.")
+endif()
+
 add_library(zr_flags INTERFACE)
 target_include_directories(zr_flags INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(zr_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror)
@@ -52,6 +57,75 @@ endfunction()
 function(zr_program name)
     add_executable(${name} ${ARGN})
     target_link_libraries(${name} PRIVATE zr_flags)
+endfunction()
+
+# zr_host_tool(name SOURCES source... [LIBS library...]): a program that the build itself runs, so it is made for the
+# machine that builds. Where all else is made for another one, a native build of this tree in host-tools makes it.
+function(zr_host_tool name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+    if(NOT WIN32)
+        zr_program(${name} ${ARG_SOURCES})
+        target_link_libraries(${name} PRIVATE ${ARG_LIBS})
+        set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL TRUE)
+        return()
+    endif()
+    set(build ${CMAKE_BINARY_DIR}/host-tools)
+    # Only the native build knows what the program is made of, so it is asked each time; where nothing has changed, the
+    # program keeps its time and nothing behind it is made again.
+    add_custom_target(host_${name}
+        COMMAND ${CMAKE_COMMAND} --build ${build} --target ${name} -- --quiet
+        BYPRODUCTS ${build}/bin/${name} JOB_POOL host_tools
+        COMMENT "Bringing ${name} up to date" VERBATIM)
+    if(NOT TARGET host_tools_configured)
+        zr_configure_host_tools(${build})
+    endif()
+    add_dependencies(host_${name} host_tools_configured)
+endfunction()
+
+# The compilers, flags and toolchain file of this build must not reach that of the tools, which is configured anew when
+# its arguments change.
+function(zr_configure_host_tools build)
+    # One build at a time works in the folder.
+    set_property(GLOBAL APPEND PROPERTY JOB_POOLS host_tools=1)
+    set(arguments -S ${PROJECT_SOURCE_DIR} -B ${build} -G Ninja -DZR_HOST_TOOLS=ON -DCMAKE_BUILD_TYPE=Release
+        -DCMAKE_CXX_FLAGS_RELEASE=-O1)
+    find_program(ZR_HOST_C_COMPILER gcc)
+    find_program(ZR_HOST_CXX_COMPILER g++)
+    foreach(language C CXX)
+        # Without it the machine's default compiler is taken, which may be the same one under another name.
+        if(ZR_HOST_${language}_COMPILER)
+            list(APPEND arguments -DCMAKE_${language}_COMPILER=${ZR_HOST_${language}_COMPILER})
+        endif()
+        if(CMAKE_${language}_COMPILER_LAUNCHER)
+            list(APPEND arguments -DCMAKE_${language}_COMPILER_LAUNCHER=${CMAKE_${language}_COMPILER_LAUNCHER})
+        endif()
+    endforeach()
+    # Written only when its content changes.
+    file(CONFIGURE OUTPUT ${build}-arguments CONTENT "${arguments}\n" @ONLY)
+    # A cache of other arguments keeps those that are no longer given.
+    add_custom_command(OUTPUT ${build}/build.ninja
+        COMMAND ${CMAKE_COMMAND} -E rm -rf ${build}/CMakeCache.txt ${build}/CMakeFiles
+        COMMAND ${CMAKE_COMMAND} -E env --unset=CC --unset=CXX --unset=CFLAGS --unset=CXXFLAGS --unset=LDFLAGS
+            --unset=CMAKE_TOOLCHAIN_FILE ${CMAKE_COMMAND} ${arguments} --log-level=WARNING
+        DEPENDS ${build}-arguments
+        COMMENT "Configuring the build's own tools" VERBATIM)
+    add_custom_target(host_tools_configured DEPENDS ${build}/build.ninja)
+endfunction()
+
+# zr_generated_file(target file TOOL tool SOURCES source...): the file that a tool of zr_host_tool writes; its arguments
+# are the sources and the file.
+function(zr_generated_file target file)
+    cmake_parse_arguments(ARG "" "TOOL" "SOURCES" ${ARGN})
+    if(WIN32)
+        set(program ${CMAKE_BINARY_DIR}/host-tools/bin/${ARG_TOOL})
+        set(made_by ${program})
+    else()
+        set(program ${ARG_TOOL})
+        set(made_by ${ARG_TOOL})
+    endif()
+    add_custom_command(OUTPUT ${file} COMMAND ${program} ${ARG_SOURCES} ${file}
+        DEPENDS ${made_by} ${ARG_SOURCES} VERBATIM)
+    add_custom_target(${target} DEPENDS ${file})
 endfunction()
 
 # zr_test(name SOURCES source... [LIBS library...]): a GoogleTest program. Natively ctest knows each of its tests; under

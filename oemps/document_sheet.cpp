@@ -6,7 +6,6 @@
 #include "oemps/com_guard.h"
 #include "oemps/dotnet.h"
 #include "oemps/property_sheet.h"
-#include "oemps/setting_manager_end.h"
 #include "oemps/sheet_state.h"
 #include "pages/advancedpage.h"
 #include "pages/controls.h"
@@ -15,6 +14,7 @@
 #include "session/datamanager.h"
 #include "session/initialize_data_manager.h"
 #include "session/session.h"
+#include "settings/SettingManager.h"
 
 #include <cstddef>
 #include <memory>
@@ -135,16 +135,22 @@ void CloseSheet() {
     // A sheet whose start failed was never counted.
     if (g_SheetCount > 0)
         --g_SheetCount;
-    if (GetCurrentThreadId() != g_SheetThread || !g_SessionBlock)
+    if (GetCurrentThreadId() != g_SheetThread)
         return;
-    EndSettingManager();
+    // It owns setting objects, which reach the store through the session. A sheet whose session went with a
+    // refused second one may have made it anew.
+    CSettingManager::Destroy();
+    if (!g_SessionBlock)
+        return;
     CSessionAccessor::Release();
     UniqueSession(std::exchange(g_SessionBlock, nullptr)).reset();
 }
 
 // A session whose sheet never opened, or ended on another thread, lies in a heap that the driver may have
-// destroyed. With no sheet open it is only forgotten.
+// destroyed. With no sheet open it is only forgotten. The manager that such a sheet left goes, since only one
+// that is made anew loads the standard settings.
 void ForgetSession() {
+    CSettingManager::Destroy();
     CSessionAccessor::Release();
     g_SessionBlock = nullptr;
 }

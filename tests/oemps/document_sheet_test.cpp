@@ -8,6 +8,7 @@
 #include "pages/pspage.h"
 #include "session/datamanager.h"
 #include "session/session.h"
+#include "settings/SettingManager.h"
 #include "tests/support/message_box.h"
 #include "tests/support/registry_override.h"
 #include "tests/support/traces.h"
@@ -119,6 +120,7 @@ class DocumentSheet : public testing::Test {
         g_SheetCount = 0;
         g_SessionBlock = nullptr;
         CSessionAccessor::Release();
+        CSettingManager::Destroy();
     }
     void Open() {
         ASSERT_EQ(hrDocumentPropertyPage(&driver.param), S_OK);
@@ -303,6 +305,54 @@ TEST_F(DocumentSheet, EndOnAnotherThreadFreesNothing) {
     EXPECT_EQ(g_SheetCount, 0);
     EXPECT_EQ(g_SessionBlock, block);
     EXPECT_EQ(CSessionAccessor::Instance()->GetSession(), block);
+}
+
+TEST_F(DocumentSheet, EndDestroysTheSettingManager) {
+    Open();
+    CSettingManager::GetSettingManager();
+    driver.Reason(PROPSHEETUI_REASON_DESTROY);
+    EXPECT_EQ(CSettingManager::Existing(), nullptr);
+}
+
+TEST_F(DocumentSheet, EndOnAnotherThreadKeepsTheSettingManager) {
+    Open();
+    CSettingManager* const manager = CSettingManager::GetSettingManager();
+    std::thread([&] { driver.Reason(PROPSHEETUI_REASON_DESTROY); }).join();
+    EXPECT_EQ(CSettingManager::Existing(), manager);
+}
+
+// Only a manager that is made anew loads the standard settings.
+TEST_F(DocumentSheet, StartDestroysTheSettingManagerThatASheetLeftWhichEndedOnAnotherThread) {
+    Open();
+    CSettingManager::GetSettingManager();
+    std::thread([&] { driver.Reason(PROPSHEETUI_REASON_DESTROY); }).join();
+    ASSERT_NE(CSettingManager::Existing(), nullptr);
+    Driver next;
+    ASSERT_EQ(hrDocumentPropertyPage(&next.param), S_OK);
+    EXPECT_NE(g_SessionBlock, nullptr);
+    EXPECT_EQ(CSettingManager::Existing(), nullptr);
+}
+
+TEST_F(DocumentSheet, StartOfASecondSheetKeepsTheSettingManager) {
+    Open();
+    CSettingManager* const manager = CSettingManager::GetSettingManager();
+    Driver second;
+    ASSERT_EQ(hrDocumentPropertyPage(&second.param), S_OK);
+    EXPECT_EQ(CSettingManager::Existing(), manager);
+}
+
+TEST_F(DocumentSheet, EndDestroysTheSettingManagerAlsoWithoutASession) {
+    Open();
+    Driver second;
+    auto box = AnswerNextMessageBox();
+    second.Reason(PROPSHEETUI_REASON_INIT);
+    box.get();
+    second.Reason(PROPSHEETUI_REASON_DESTROY);
+    ASSERT_EQ(g_SessionBlock, nullptr);
+    // The first sheet's page goes on and makes it anew.
+    CSettingManager::GetSettingManager();
+    driver.Reason(PROPSHEETUI_REASON_DESTROY);
+    EXPECT_EQ(CSettingManager::Existing(), nullptr);
 }
 
 TEST_F(DocumentSheet, ForgetsASessionWhoseSheetNeverOpened) {

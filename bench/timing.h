@@ -1,0 +1,29 @@
+// Times of the programs that run under Wine.
+#pragma once
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+inline double Microseconds() {
+    LARGE_INTEGER now;
+    LARGE_INTEGER frequency;
+    QueryPerformanceCounter(&now);
+    QueryPerformanceFrequency(&frequency);
+    return 1e6 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
+}
+
+// Prints what one run takes, of 200.
+template <class Run>
+void Report(const char* what, Run run) {
+    std::array<double, 200> times;
+    for (double& time : times) {
+        const double start = Microseconds();
+        run();
+        time = Microseconds() - start;
+    }
+    std::ranges::sort(times);
+    std::printf("%-44s median %8.1f us, worst %8.1f us\n", what, times[times.size() / 2], times.back());
+}
