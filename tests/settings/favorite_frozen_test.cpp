@@ -128,6 +128,8 @@ TEST_F(FavoriteFrozenTest, TheExampleOfTheDescriptionIsAUsableFavourite) {
     EXPECT_STREQ(setting.Comment.data(), "会議資料 2部");
     EXPECT_STREQ(setting.PageSize.data(), "A4");
     EXPECT_EQ(Value("ONOC"), "2");
+    EXPECT_EQ(Value("EXT_PGSIZE"), "2");
+    EXPECT_EQ(Value("CCM"), "1");
     EXPECT_EQ(Value("OTra"), "1");
     EXPECT_EQ(Value("OPPFW"), "12.50");
     EXPECT_EQ(Value("OPPFWM"), "100.5");
