@@ -6,6 +6,7 @@
 #include "settings/FavoriteFileManager.h"
 #include "settings/SettingManager.h"
 #include "settings/print_option_access.h"
+#include "tests/support/bank_values.h"
 
 #include <gtest/gtest.h>
 
@@ -75,6 +76,13 @@ inline long CountMessages(const LogLines& log, std::string_view function, std::s
     });
 }
 
+inline std::int32_t Copies(const CSettingInfo& setting) {
+    return GetI32(setting.PrintOption(), FieldAt(FieldId::NumOfCopies));
+}
+inline void SetComment(CSettingInfo& setting, std::string_view text) {
+    SetText(setting.PrintOption(), FieldAt(FieldId::UserComment), text);
+}
+
 class SettingManagerTest : public testing::Test {
   protected:
     SettingManagerTest() {
@@ -136,16 +144,6 @@ class SettingManagerTest : public testing::Test {
         return favorite;
     }
 
-    static std::uint32_t Current(int keyword) {
-        std::uint32_t value = 0;
-        ExportedFunc_GetCurrent(keyword, &value);
-        return value;
-    }
-    static std::uint32_t Default(int keyword) {
-        std::uint32_t value = 0;
-        ExportedFunc_GetDefault(keyword, &value);
-        return value;
-    }
     static std::string UserComment() {
         std::array<char, 1024> text{};
         ExportedFunc_GetUserComment(text.data());

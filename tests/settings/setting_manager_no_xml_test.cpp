@@ -7,10 +7,6 @@ namespace {
 
 constexpr char kReason[] = "the XML layer could not make a document";
 
-std::int32_t Copies(const CSettingInfo& setting) {
-    return GetI32(setting.PrintOption(), FieldAt(FieldId::NumOfCopies));
-}
-
 } // namespace
 
 TEST_F(SettingManagerTest, WithoutTheXmlObjectCreateGivesAManagerThatLoadedNothing) {
