@@ -112,9 +112,9 @@ function(zr_configure_host_tools build)
     add_custom_target(host_tools_configured DEPENDS ${build}/build.ninja)
 endfunction()
 
-# zr_generated_file(target file TOOL tool SOURCES source...): the file that a tool of zr_host_tool writes; its arguments
-# are the sources and the file.
-function(zr_generated_file target file)
+# zr_generated_file(target file... TOOL tool [SOURCES source...]): the files that a tool of zr_host_tool writes; its
+# arguments are the sources and the files.
+function(zr_generated_file target)
     cmake_parse_arguments(ARG "" "TOOL" "SOURCES" ${ARGN})
     if(WIN32)
         set(program ${CMAKE_BINARY_DIR}/host-tools/bin/${ARG_TOOL})
@@ -123,9 +123,10 @@ function(zr_generated_file target file)
         set(program ${ARG_TOOL})
         set(made_by ${ARG_TOOL})
     endif()
-    add_custom_command(OUTPUT ${file} COMMAND ${program} ${ARG_SOURCES} ${file}
+    add_custom_command(OUTPUT ${ARG_UNPARSED_ARGUMENTS}
+        COMMAND ${program} ${ARG_SOURCES} ${ARG_UNPARSED_ARGUMENTS}
         DEPENDS ${made_by} ${ARG_SOURCES} VERBATIM)
-    add_custom_target(${target} DEPENDS ${file})
+    add_custom_target(${target} DEPENDS ${ARG_UNPARSED_ARGUMENTS})
 endfunction()
 
 # zr_test(name SOURCES source... [LIBS library...]): a GoogleTest program. Natively ctest knows each of its tests; under
