@@ -11,6 +11,7 @@ struct AskedQuestion {
     std::string text;
     std::string title;
     AskButtons buttons;
+    AskIcon icon;
 };
 
 // Answers while it lives, the given answers in turn and the last of them to all further questions; one at a

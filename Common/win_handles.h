@@ -74,6 +74,14 @@ struct Bitmap {
     using Handle = HBITMAP;
     static void Close(HBITMAP bitmap) { DeleteObject(bitmap); }
 };
+struct Brush {
+    using Handle = HBRUSH;
+    static void Close(HBRUSH brush) { DeleteObject(brush); }
+};
+struct MemoryContext {
+    using Handle = HDC;
+    static void Close(HDC context) { DeleteDC(context); }
+};
 struct ImageList {
     using Handle = HIMAGELIST;
     static void Close(HIMAGELIST list) { ImageList_Destroy(list); }
@@ -93,4 +101,7 @@ using UniquePrinter = UniqueHandleOf<handle_closer::Printer>;
 using UniqueRegistryKey = UniqueHandleOf<handle_closer::RegistryKey>;
 using UniqueModule = UniqueHandleOf<handle_closer::Module>;
 using UniqueBitmap = UniqueHandleOf<handle_closer::Bitmap>;
+using UniqueBrush = UniqueHandleOf<handle_closer::Brush>;
+// A device context that was created, not one of a window.
+using UniqueMemoryContext = UniqueHandleOf<handle_closer::MemoryContext>;
 using UniqueImageList = UniqueHandleOf<handle_closer::ImageList>;

@@ -9,11 +9,12 @@
 #include <string_view>
 #include <vector>
 
-// The items beyond the keyword table that have a label or a list. KeywordIds and these numbers form one
-// range.
+// The items beyond the keyword table that have a label or a list, or give way to a setting. KeywordIds and
+// these numbers form one range.
 namespace option_item {
 enum OptionItem : int {
     KW_MEDIATYPEWEIGHT2 = 336,
+    MediaTypeWeightValueBypass = 339,
     SamplePrintMode = 554,
     StapleFreeBinding = 562,
     BasicGroup = 564,

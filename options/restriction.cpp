@@ -4,7 +4,7 @@
 #include "Common/log.h"
 #include "options/restriction_conflict.h"
 #include "options/restriction_message.h"
-#include "session/datamanager.h"
+#include "session/bank_values.h"
 
 namespace {
 
@@ -12,14 +12,12 @@ namespace {
 // that gives way could turn in a circle otherwise.
 constexpr int kMostRounds = 1 + restriction_group::Count;
 
-std::int32_t DefaultOf(int keyword) {
-    std::uint32_t value = 0;
-    ExportedFunc_GetDefault(keyword, &value);
-    return static_cast<std::int32_t>(value);
+std::int32_t DefaultOption(int keyword) {
+    return static_cast<std::int32_t>(DefaultOf(keyword));
 }
 
 int Ask(void* hwnd, const RestrictionValues& values, const RestrictionConflict& conflict) {
-    const RestrictionMessage message = ComposeRestrictionMessage(values, conflict, DefaultOf);
+    const RestrictionMessage message = ComposeRestrictionMessage(values, conflict, DefaultOption);
     return AskUser(hwnd, message.text.data(), message.title.data(), message.buttons);
 }
 

@@ -1,14 +1,12 @@
 #include "options/restriction_values.h"
 
 #include "options/PrintOptionSetting.h"
-#include "session/datamanager.h"
+#include "session/bank_values.h"
 
 namespace {
 
 std::int32_t Current(int item) {
-    std::uint32_t value = 0;
-    ExportedFunc_GetCurrent(item, &value);
-    return static_cast<std::int32_t>(value);
+    return static_cast<std::int32_t>(CurrentOf(item));
 }
 
 } // namespace

@@ -48,6 +48,13 @@ void AppendRow(HWND comboEx, const std::string& text, int image) {
     InsertRow(comboEx, item, text);
 }
 
+void AppendNumberedRow(HWND comboEx, const std::string& text, int number) {
+    COMBOBOXEXITEMA item{};
+    item.mask = CBEIF_LPARAM;
+    item.lParam = number;
+    InsertRow(comboEx, item, text);
+}
+
 std::string RowText(HWND combo, int row) {
     // The row is checked here, since an extended combo box does not report a bad one reliably.
     const LRESULT count = SendMessageA(combo, CB_GETCOUNT, 0, 0);
@@ -65,14 +72,33 @@ std::string RowText(HWND combo, int row) {
 }
 
 void SelectRow(HWND combo, std::uint32_t value) {
+    // A combo box paints itself even for the row that it shows.
+    const int shown = SelectedRow(combo);
+    if (shown == LOWORD(value))
+        return;
     // -1 is sent outright for a value without a row: not every combo box clears its selection on a bad index.
     const LRESULT count = SendMessageA(combo, CB_GETCOUNT, 0, 0);
-    const int row = LOWORD(value);
-    SendMessageA(combo, CB_SETCURSEL, row < count ? static_cast<WPARAM>(row) : static_cast<WPARAM>(-1), 0);
+    const int row = LOWORD(value) < count ? LOWORD(value) : -1;
+    if (row != shown)
+        SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
 }
 
 int SelectedRow(HWND combo) {
     return combo ? static_cast<int>(SendMessageA(combo, CB_GETCURSEL, 0, 0)) : -1;
+}
+
+void SelectNumber(HWND combo, std::uint32_t number) {
+    int row = static_cast<int>(SendMessageA(combo, CB_GETCOUNT, 0, 0)) - 1;
+    while (row >= 0 && static_cast<std::uint32_t>(
+                           SendMessageA(combo, CB_GETITEMDATA, static_cast<WPARAM>(row), 0)) != number)
+        --row;
+    // -1 is sent for a number without a row.
+    SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
+}
+
+int SelectedNumber(HWND combo) {
+    const int row = SelectedRow(combo);
+    return row < 0 ? -1 : static_cast<int>(SendMessageA(combo, CB_GETITEMDATA, static_cast<WPARAM>(row), 0));
 }
 
 void NotifyPageChanged(HWND page) {

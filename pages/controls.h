@@ -10,13 +10,20 @@
 void RegisterPageControls();
 
 void SetCaption(HWND dialog, int controlId, const std::string& text);
+// Puts the label of a keyword or an option_item, and a colon, on a control. An item without a label leaves
+// the template's caption.
+void SetItemLabel(HWND dialog, int controlId, int item);
 // The caption or edit text of a control, at most 1023 bytes.
 std::string ControlText(HWND control);
 
 void ClearRows(HWND combo);
+// Gives a plain combo box a keyword's options for its rows; returns their number.
+int FillWithOptions(HWND combo, int keyword);
 // Append a row to an extended combo box, with an image of its list in the second form.
 void AppendRow(HWND comboEx, const std::string& text);
 void AppendRow(HWND comboEx, const std::string& text, int image);
+// Appends a row whose data word is a number of its own.
+void AppendNumberedRow(HWND comboEx, const std::string& text, int number);
 // "" for a row that is not there.
 std::string RowText(HWND combo, int row);
 
@@ -24,6 +31,10 @@ std::string RowText(HWND combo, int row);
 void SelectRow(HWND combo, std::uint32_t value);
 // The selected row, -1 for none.
 int SelectedRow(HWND combo);
+// Selects the row with this data word; no row if there is none.
+void SelectNumber(HWND combo, std::uint32_t number);
+// The data word of the selected row, -1 for none.
+int SelectedNumber(HWND combo);
 
 // Tells the sheet that the page's settings have changed, so that they can be applied.
 void NotifyPageChanged(HWND page);

@@ -50,10 +50,24 @@ void CPSPageDlg::GetKeywordOptionString(int keyword, std::span<std::string> list
     }
 }
 
-void CPSPageDlg::SetLabel(int labelId, int keyword) {
+void SetItemLabel(HWND dialog, int controlId, int item) {
     std::array<char, 64> label;
-    if (GetKeywordTranslation(keyword, label.data(), label.size()) && label[0])
-        SetCaption(m_hwnd, labelId, label.data() + LoadText(IDS_COLON));
+    if (GetPrintOptionString(&item, label.data(), label.size()) && label[0])
+        SetCaption(dialog, controlId, label.data() + LoadText(IDS_COLON));
+}
+
+int FillWithOptions(HWND combo, int keyword) {
+    const int count = CPSPageDlg::GetKeywordOptionCount(keyword);
+    std::vector<std::string> rows(static_cast<std::size_t>(count));
+    CPSPageDlg::GetKeywordOptionString(keyword, rows);
+    ClearRows(combo);
+    for (const std::string& row : rows)
+        SendMessageA(combo, CB_INSERTSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(row.c_str()));
+    return count;
+}
+
+void CPSPageDlg::SetLabel(int labelId, int keyword) {
+    SetItemLabel(m_hwnd, labelId, keyword);
 }
 
 void CPSPageDlg::InitComboBox(SessionBlock* session, int keyword, int labelId, int useDefault,

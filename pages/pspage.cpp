@@ -4,10 +4,10 @@
 #include "Common/data_directories.h"
 #include "Common/log.h"
 #include "Common/text.h"
+#include "pages/message_guard.h"
+#include "session/bank_values.h"
 #include "session/datamanager.h"
 #include "session/session.h"
-
-#include <exception>
 
 namespace {
 
@@ -44,14 +44,7 @@ CProfileInfo* ProcessProfile() {
 int CPSPageDlg::DlgProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (!IsPageMessage(message))
         return 0;
-    try {
-        return Route(message, wParam, lParam);
-    } catch (const std::exception& error) {
-        ZR_LOG("message=%u %s\n", message, error.what());
-    } catch (...) {
-        ZR_LOG("message=%u\n", message);
-    }
-    return 0;
+    return GuardMessage(message, [&] { return Route(message, wParam, lParam); });
 }
 
 int CPSPageDlg::Route(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -138,10 +131,5 @@ SessionBlock* CPSPageDlg::StoreSession(const PROPSHEETPAGEA* page) const {
 }
 
 std::uint32_t CPSPageDlg::ReadKeyword(int keyword, int useDefault) {
-    std::uint32_t value = 0;
-    if (useDefault)
-        ExportedFunc_GetDefault(keyword, &value);
-    else
-        ExportedFunc_GetCurrent(keyword, &value);
-    return value;
+    return useDefault ? DefaultOf(keyword) : CurrentOf(keyword);
 }

@@ -84,6 +84,9 @@ class CPSPageDlg {
     // 1 if the row that was just selected may stay. Else the row of the current value is back and the result
     // is 0; the caller then posts itself the control's CBN_SELCHANGE again.
     int IsSelectableOption(int controlId, int keyword, SessionBlock* session);
+    // True for a row that MarkDisabledOptions has marked. The row of the current value may be one: to post
+    // for it as IsSelectableOption asks would never end.
+    static bool IsMarkedRow(HWND combo, int row);
 
     // Writes the directory of the device's data files, for the print server address in the store. 0 if it
     // can't be had, else 1.

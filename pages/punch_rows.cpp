@@ -4,8 +4,6 @@
 #include "options/PrintOptionSetting.h"
 #include "resources/resource.h"
 
-#include <optional>
-
 namespace {
 
 constexpr int kMixedSizesByText = 13; // finds the text of mixed sizes
@@ -17,6 +15,15 @@ std::optional<std::string> OptionText(int keyword, int option) {
         return std::nullopt;
     return text.data();
 }
+
+// By holes, then by place.
+constexpr std::array<std::array<std::uint8_t, 6>, 5> kControlRows{{
+    {0, 0, 0, 0, 0, 0},
+    {0, 1, 2, 3, 4, 5},
+    {0, 6, 7, 8, 9, 10},
+    {0, 11, 12, 13, 14, 15},
+    {0, 16, 17, 18, 19, 0}, // four turned holes, which the control has no rows for
+}};
 
 } // namespace
 
@@ -34,6 +41,12 @@ std::string PunchTable::TakeRowText(std::size_t row) {
     if (!holes || row == 0)
         return *punch;
     return *punch == LoadText(IDS_MIXED_SIZES) ? *holes + *punch : *punch + *holes;
+}
+
+std::optional<std::uint32_t> PunchControlRow(std::uint32_t punch, std::uint32_t holes) {
+    if (holes >= kControlRows.size() || punch >= kControlRows[holes].size())
+        return std::nullopt;
+    return kControlRows[holes][punch];
 }
 
 PunchTable& ProcessPunchTable() {

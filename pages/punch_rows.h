@@ -3,6 +3,8 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 
 struct PunchRow {
@@ -41,3 +43,7 @@ class PunchTable {
 
 // The process's one table; whoever stores a row's pair reads it here.
 PunchTable& ProcessPunchTable();
+
+// The row that shows a pair of settings, which may be one that the control does not have; none for settings
+// without a row.
+std::optional<std::uint32_t> PunchControlRow(std::uint32_t punch, std::uint32_t holes);

@@ -96,13 +96,16 @@ void CPSPageDlg::MarkDisabledOptions(SessionBlock* session, HWND combo, int keyw
     }
 }
 
+bool CPSPageDlg::IsMarkedRow(HWND combo, int row) {
+    return row >= 0 && SendMessageA(combo, CB_GETITEMDATA, static_cast<WPARAM>(row), 0) == kNotSelectable;
+}
+
 int CPSPageDlg::IsSelectableOption(int controlId, int keyword, SessionBlock*) {
     ZR_LOG_ENTRY();
     const HWND combo = GetDlgItem(m_hwnd, controlId);
     if (!combo)
         return 1;
-    const int row = SelectedRow(combo);
-    if (row < 0 || SendMessageA(combo, CB_GETITEMDATA, static_cast<WPARAM>(row), 0) != kNotSelectable)
+    if (!IsMarkedRow(combo, SelectedRow(combo)))
         return 1;
     const std::uint32_t current = ReadKeyword(keyword, 0);
     SelectRow(combo, current);
