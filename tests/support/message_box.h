@@ -3,8 +3,10 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <future>
 #include <string>
+#include <utility>
 
 struct MessageBoxSeen {
     std::string caption;
@@ -62,9 +64,10 @@ inline HICON IconOf(HWND box) {
 } // namespace message_box_detail
 
 // Waits up to ten seconds for the next message box, presses the button and tells what the box was like. An
-// empty caption and text mean that no box came.
-inline std::future<MessageBoxSeen> AnswerNextMessageBox(int button = IDOK) {
-    return std::async(std::launch::async, [button] {
+// empty caption and text mean that no box came. `behindBox` runs first, on another thread.
+inline std::future<MessageBoxSeen> AnswerNextMessageBox(int button = IDOK,
+                                                        std::function<void()> behindBox = {}) {
+    return std::async(std::launch::async, [button, behindBox = std::move(behindBox)] {
         const ULONGLONG deadline = GetTickCount64() + 10000;
         while (GetTickCount64() < deadline) {
             HWND box = nullptr;
@@ -74,6 +77,8 @@ inline std::future<MessageBoxSeen> AnswerNextMessageBox(int button = IDOK) {
                                     message_box_detail::TextOf(GetDlgItem(box, 0xFFFF)),
                                     message_box_detail::HasOkAndCancel(box), message_box_detail::IconOf(box),
                                     GetWindow(box, GW_OWNER)};
+                if (behindBox)
+                    behindBox();
                 PostMessageA(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
                 return seen;
             }
