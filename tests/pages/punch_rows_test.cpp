@@ -75,4 +75,26 @@ TEST(PunchTable, IsOnePerProcess) {
     EXPECT_EQ(&ProcessPunchTable(), &ProcessPunchTable());
 }
 
+TEST(PunchControlRow, FollowsBothSettings) {
+    // Of Punch across and PunchHoles down.
+    constexpr std::uint32_t kRows[5][6] = {
+        {0, 0, 0, 0, 0, 0},      {0, 1, 2, 3, 4, 5},     {0, 6, 7, 8, 9, 10},
+        {0, 11, 12, 13, 14, 15}, {0, 16, 17, 18, 19, 0},
+    };
+    for (std::uint32_t holes = 0; holes < 5; ++holes) {
+        for (std::uint32_t punch = 0; punch < 6; ++punch)
+            EXPECT_EQ(PunchControlRow(punch, holes), kRows[holes][punch]) << punch << " " << holes;
+    }
+}
+
+TEST(PunchControlRow, IsNoneBeyondTheTable) {
+    for (const std::uint32_t beyond : {22u, 65535u, 0x10000u, 0xFFFFFFFFu}) {
+        EXPECT_EQ(PunchControlRow(beyond, 1), std::nullopt);
+        EXPECT_EQ(PunchControlRow(1, beyond), std::nullopt);
+        EXPECT_EQ(PunchControlRow(beyond, beyond), std::nullopt);
+    }
+    EXPECT_EQ(PunchControlRow(6, 1), std::nullopt);
+    EXPECT_EQ(PunchControlRow(1, 5), std::nullopt);
+}
+
 } // namespace

@@ -30,6 +30,15 @@ inline std::vector<ListedTagArray> ListedTagArrays() {
     return arrays;
 }
 
+// The tags of the array with this name; none if there is no such array.
+inline std::vector<std::int32_t> ListedTagsOf(const std::string& name) {
+    for (const ListedTagArray& array : ListedTagArrays()) {
+        if (array.name == name)
+            return array.tags;
+    }
+    return {};
+}
+
 struct ListedTag {
     int row;
     std::string key;
