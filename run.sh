@@ -29,9 +29,12 @@ fi
 rm -rf build/screenshots
 mkdir -p build/screenshots
 export ZR_ROOT=$PWD
-tools/with-display.sh tools/with-wine.sh sh -ec '
+tools/with-display.sh tools/with-wine.sh bash -euc '
+    . "$ZR_ROOT/tests/sheet/fit-device.sh"
+    trap unfit_device EXIT
+    fit_device
     cd "$ZR_ROOT/build/screenshots"
-    for script in pages choose_quality quality_is_kept; do
+    for script in pictures choose_quality quality_is_kept; do
         "$ZR_ROOT/tools/wine-run.sh" "$ZR_ROOT/build/windows/bin/driverhost.exe" \
             --script "Z:$ZR_ROOT/tests/sheet/scripts/$script.txt"
     done'

@@ -183,6 +183,15 @@ std::string TypeText(HWND edit, const std::wstring& text) {
     return "";
 }
 
+std::string PressKey(HWND dialog, std::uint32_t key) {
+    const HWND focus = GetFocus();
+    if (!focus || !(focus == dialog || IsChild(dialog, focus)))
+        return "no control of the window in front has the focus";
+    PostMessageW(focus, WM_KEYDOWN, key, 1);
+    PostMessageW(focus, WM_KEYUP, key, 0xC0000001);
+    return "";
+}
+
 std::string GoToPage(HWND sheet, const std::wstring& title) {
     const HWND tab = TabControl(sheet);
     std::string pages;

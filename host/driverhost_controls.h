@@ -5,6 +5,7 @@
 // that the same change by mouse sends.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -22,6 +23,8 @@ std::string ChooseText(HWND combo, const std::wstring& text);
 std::string Click(HWND button);
 std::string Check(HWND button, bool on);
 std::string TypeText(HWND edit, const std::wstring& text);
+// By its virtual code, to the control of the dialog that has the focus. The dialog's own loop deals with it.
+std::string PressKey(HWND dialog, std::uint32_t key);
 
 // Pages go by the title on their tab.
 std::string GoToPage(HWND sheet, const std::wstring& title);

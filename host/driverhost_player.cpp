@@ -28,6 +28,9 @@ using Outcome = SheetThread::Outcome;
 constexpr auto kCancelLimit = std::chrono::seconds(5);
 // How long a picture waits for its window to be seen whole; a covered one never is.
 constexpr auto kShowLimit = std::chrono::seconds(1);
+// How long a sheet may be seen after its button: it goes when what stands on its thread's stack has come
+// back, such as the click behind two dialogs of which the last has just ended.
+constexpr auto kStayLimit = std::chrono::milliseconds(500);
 constexpr auto kLookAgain = std::chrono::milliseconds(10);
 
 std::string Seconds(std::chrono::milliseconds time) {
@@ -248,7 +251,10 @@ class Player {
     // A sheet that is going has left the screen, but its caller may need a while. Another dialog in front of
     // it is the next action's business.
     std::string AwaitGone(HWND sheet) {
-        const HWND front = Front();
+        HWND front = Front();
+        const auto limit = std::min(Limit(), Clock::now() + kStayLimit);
+        while (front == sheet && Clock::now() < limit && !m_thread.AwaitClosed(Clock::now() + kLookAgain))
+            front = Front();
         if (front == sheet)
             return "the sheet stays open";
         return front || m_thread.AwaitClosed(Limit()) ? "" : LateMessage();
@@ -321,6 +327,26 @@ class Player {
         return Ask([action] { return NamedValue(action.text); });
     }
 
+    std::string Put(const Action& action) {
+        return Ask([action] {
+                   return StoreAnswer{"", action.verb == Verb::SetBank
+                                              ? SetBankValue(action.bank, action.keyword, action.number)
+                                              : SetNamedValue(action.text, action.number)};
+               })
+            .error;
+    }
+
+    // A key may end the dialog that it is for.
+    std::string OnKeys(std::function<std::string(HWND)> work) {
+        const HWND front = Front();
+        if (!front)
+            return "the sheet is closed";
+        m_closing = true;
+        std::string error = Do([front, work = std::move(work)] { return work(front); });
+        m_closing = false;
+        return error;
+    }
+
     std::string Perform(const Action& action) {
         switch (action.verb) {
         case Verb::Page:
@@ -342,6 +368,9 @@ class Player {
             const StoreAnswer answer = AskFor(action);
             return answer.error.empty() ? Print(answer.value) : answer.error;
         }
+        case Verb::SetBank:
+        case Verb::SetValue: return Put(action);
+        case Verb::Key: return OnKeys([key = action.number](HWND front) { return PressKey(front, key); });
         case Verb::ExpectBank:
         case Verb::ExpectValue: {
             const StoreAnswer answer = AskFor(action);

@@ -69,14 +69,14 @@ StoreAnswer TextValue(const std::string& operation, std::size_t width) {
     return answer;
 }
 
-const char* BankOperation(script::Bank bank) {
+const char* NameOf(script::Bank bank) {
     switch (bank) {
-    case script::Bank::Current: return "ExportedFunc_GetCurrent";
-    case script::Bank::Default: return "ExportedFunc_GetDefault";
-    case script::Bank::Favorite: return "ExportedFunc_GetFavorite";
+    case script::Bank::Current: return "Current";
+    case script::Bank::Default: return "Default";
+    case script::Bank::Favorite: return "Favorite";
     case script::Bank::Preview: break;
     }
-    return "ExportedFunc_GetPreview";
+    return "Preview";
 }
 
 } // namespace
@@ -84,7 +84,8 @@ const char* BankOperation(script::Bank bank) {
 StoreAnswer BankValue(script::Bank bank, int keyword) {
     StoreAnswer answer;
     std::uint32_t number = 0;
-    if (const auto get = Operation<void (*)(int, std::uint32_t*)>(BankOperation(bank), answer.error)) {
+    const std::string operation = std::string("ExportedFunc_Get") + NameOf(bank);
+    if (const auto get = Operation<void (*)(int, std::uint32_t*)>(operation, answer.error)) {
         get(keyword, &number);
         answer.value = std::to_string(number);
     }
@@ -104,6 +105,29 @@ StoreAnswer NamedValue(const std::string& name) {
     case Type::SetOnly: break;
     }
     return {"", "the value " + name + " can't be read"};
+}
+
+std::string SetBankValue(script::Bank bank, int keyword, std::uint32_t number) {
+    std::string error;
+    const std::string operation = std::string("ExportedFunc_Set") + NameOf(bank);
+    if (const auto set = Operation<void (*)(int, std::uint32_t)>(operation, error))
+        set(keyword, number);
+    return error;
+}
+
+std::string SetNamedValue(const std::string& name, std::uint32_t number) {
+    const Value* value = Find(name);
+    if (!value || value->type == Type::Text)
+        return "the store has no number called " + name;
+    std::string error;
+    const std::string operation = "ExportedFunc_Set" + name;
+    if (value->type == Type::U64) {
+        if (const auto set = Operation<void (*)(std::uint64_t)>(operation, error))
+            set(number);
+    } else if (const auto set = Operation<void (*)(std::uint32_t)>(operation, error)) {
+        set(number);
+    }
+    return error;
 }
 
 } // namespace driverhost

@@ -18,4 +18,8 @@ struct StoreAnswer {
 StoreAnswer BankValue(script::Bank bank, int keyword);
 StoreAnswer NamedValue(const std::string& name);
 
+// Each returns "" or why the value was not written.
+std::string SetBankValue(script::Bank bank, int keyword, std::uint32_t number);
+std::string SetNamedValue(const std::string& name, std::uint32_t number);
+
 } // namespace driverhost

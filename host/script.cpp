@@ -30,6 +30,7 @@ enum class Argument {
     Bank,
     Keyword,
     Number,
+    KeyName,
     Milliseconds,
     Name,
     Wanted
@@ -62,6 +63,7 @@ constexpr std::array kForms{
          {Control, Text},
          "ID \"text\"",
          "replace the text of an edit field, key by key"},
+    Form{"key", "", Verb::Key, {KeyName}, "enter|escape|tab|up|down", "press a key where the focus is"},
     Form{"press", "", Verb::Press, {SheetButton}, "ok|cancel|apply", "press a button of the sheet"},
     Form{"answer", "", Verb::Answer, {BoxButton}, "ok|yes|no|cancel", "press a button of the message box"},
     Form{"screenshot", "", Verb::Screenshot, {File}, "FILE.png", "write a picture of the window in front"},
@@ -75,6 +77,18 @@ constexpr std::array kForms{
          "BANK KEYWORD",
          "print the value of a keyword's number in Current, Default, Favorite or Preview"},
     Form{"value", "", Verb::PrintValue, {Name}, "NAME", "print a named value of the store"},
+    Form{"set",
+         "bank",
+         Verb::SetBank,
+         {Argument::Bank, Keyword, Number},
+         "BANK KEYWORD VALUE",
+         "write a keyword's value, as another program that shares the store may"},
+    Form{"set",
+         "value",
+         Verb::SetValue,
+         {Name, Number},
+         "NAME VALUE",
+         "write a named number, as another program that shares the store may"},
     Form{"expect", "row", Verb::ExpectRow, {Control, Row}, "ID ROW", "this row is selected; none is row -1"},
     Form{"expect", "text", Verb::ExpectText, {Control, Text}, "ID \"text\"", "the control shows this text"},
     Form{"expect", "enabled", Verb::ExpectEnabled, {Control}, "ID", ""},
@@ -187,6 +201,8 @@ constexpr std::array<std::pair<std::string_view, int>, 3> kSheetButtons{
     {{"ok", kOkButton}, {"cancel", kCancelButton}, {"apply", kApplyButton}}};
 constexpr std::array<std::pair<std::string_view, int>, 4> kBoxButtons{
     {{"ok", kOkButton}, {"yes", kYesButton}, {"no", kNoButton}, {"cancel", kCancelButton}}};
+constexpr std::array<std::pair<std::string_view, std::uint32_t>, 5> kKeys{
+    {{"enter", kEnterKey}, {"escape", kEscapeKey}, {"tab", kTabKey}, {"up", kUpKey}, {"down", kDownKey}}};
 constexpr std::array<std::pair<std::string_view, std::uint32_t>, 2> kOnOff{{{"on", 1}, {"off", 0}}};
 constexpr std::array<std::pair<std::string_view, script::Bank>, 4> kBanks{
     {{"Current", script::Bank::Current},
@@ -241,6 +257,7 @@ void Take(Action& action, Argument argument, const Word& word) {
         action.number = static_cast<std::uint32_t>(
             NumberOf(word, 0, std::numeric_limits<std::uint32_t>::max(), "a value of a bank"));
         break;
+    case KeyName: action.number = OneOf(word, kKeys); break;
     case Milliseconds:
         action.number = static_cast<std::uint32_t>(NumberOf(word, 0, 3'600'000, "a time in milliseconds"));
         break;

@@ -27,6 +27,9 @@ enum class Verb {
     PrintBank,
     PrintValue,
     PrintText,
+    SetBank,
+    SetValue,
+    Key,
     Reopen,
     ExpectRow,
     ExpectText,
@@ -50,6 +53,13 @@ inline constexpr int kYesButton = 6;
 inline constexpr int kNoButton = 7;
 inline constexpr int kApplyButton = 0x3021;
 
+// Virtual key codes of the keys that a script names by word.
+inline constexpr int kEnterKey = 0x0D;
+inline constexpr int kEscapeKey = 0x1B;
+inline constexpr int kTabKey = 0x09;
+inline constexpr int kUpKey = 0x26;
+inline constexpr int kDownKey = 0x28;
+
 // One line. Which members count follows from the verb.
 struct Action {
     int line = 0; // from 1
@@ -58,7 +68,7 @@ struct Action {
     std::optional<int> row;    // from 0; without one `choose` goes by `text`
     Bank bank = Bank::Current; //
     int keyword = 0;           // key of the bank
-    std::uint32_t number = 0;  // a bank's value, milliseconds, or 1 and 0 for on and off
+    std::uint32_t number = 0;  // a value of the store, milliseconds, a key, or 1 and 0 for on and off
     std::string text;          // UTF-8: a title, a text, a file or the name of a value
     std::string wanted;        // UTF-8: what `expect value` compares the value with
 };

@@ -18,7 +18,7 @@ trap 'exit 143' TERM
 trap 'exit 130' INT
 
 number_file=$(mktemp)
-Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number_file" >/dev/null 2>&1 9>&- &
+Xvfb -displayfd 3 -screen 0 1600x1200x24 -nolisten tcp 3>"$number_file" >/dev/null 2>&1 9>&- &
 children+=("$!")
 for _ in $(seq 100); do
     [ -s "$number_file" ] && break

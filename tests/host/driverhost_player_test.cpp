@@ -298,8 +298,22 @@ TEST_F(DriverhostPlayer, PrintsTexts) {
 
 TEST_F(DriverhostPlayer, TellsThatTheStoreIsNotLoaded) {
     EXPECT_EQ(Play("bank Current 305"), "s.txt:1: DataManager.dll is not loaded");
+    EXPECT_EQ(Play("set bank Current 305 1"), "s.txt:1: DataManager.dll is not loaded");
+    EXPECT_EQ(Play("set value LayoutRepeatX 1"), "s.txt:1: DataManager.dll is not loaded");
+    EXPECT_EQ(Play("set value JobName 1"), "s.txt:1: the store has no number called JobName");
     EXPECT_EQ(Play("value JobName"), "s.txt:1: DataManager.dll is not loaded");
     EXPECT_EQ(Play("value Nothing"), "s.txt:1: the store has no value called Nothing");
+}
+
+TEST_F(DriverhostPlayer, PressesKeysWhereTheFocusIs) {
+    EXPECT_EQ(Play("choose 1002 0\nkey down\nexpect row 1002 1\nkey up\nexpect row 1002 0"), "");
+}
+
+TEST_F(DriverhostPlayer, EndsTheSheetByAKey) {
+    EXPECT_EQ(Play("choose 1002 0\nkey escape"), "");
+    EXPECT_EQ(g_seen.applied, 0);
+    EXPECT_EQ(Play("choose 1002 0\nkey enter"), "");
+    EXPECT_EQ(g_seen.applied, 1);
 }
 
 TEST_F(DriverhostPlayer, WritesAPictureOfTheSheet) {

@@ -93,6 +93,30 @@ TEST(Script, ReadsBanksKeywordsAndValues) {
               "s.txt:1: \"current\" is none of Current, Default, Favorite, Preview");
 }
 
+TEST(Script, ReadsWhatToWriteIntoTheStore) {
+    const Action bank = Only("set bank Current 134 2");
+    EXPECT_EQ(bank.verb, Verb::SetBank);
+    EXPECT_EQ(bank.bank, script::Bank::Current);
+    EXPECT_EQ(bank.keyword, 134);
+    EXPECT_EQ(bank.number, 2u);
+    const Action value = Only("set value LayoutRepeatX 4294967295");
+    EXPECT_EQ(value.verb, Verb::SetValue);
+    EXPECT_EQ(value.text, "LayoutRepeatX");
+    EXPECT_EQ(value.number, 4294967295u);
+    EXPECT_NE(ErrorOf("set value LayoutRepeatX many"), "");
+    EXPECT_EQ(ErrorOf("set row 1 2"), "s.txt:1: unknown action \"set\"");
+}
+
+TEST(Script, NamesKeys) {
+    EXPECT_EQ(Only("key enter").verb, Verb::Key);
+    EXPECT_EQ(Only("key enter").number, 0x0Du);
+    EXPECT_EQ(Only("key escape").number, 0x1Bu);
+    EXPECT_EQ(Only("key tab").number, 0x09u);
+    EXPECT_EQ(Only("key up").number, 0x26u);
+    EXPECT_EQ(Only("key down").number, 0x28u);
+    EXPECT_EQ(ErrorOf("key a"), "s.txt:1: \"a\" is none of enter, escape, tab, up, down");
+}
+
 TEST(Script, ReadsARowOfNone) {
     EXPECT_EQ(Only("expect row 1363 -1").row, -1);
 }
@@ -194,27 +218,12 @@ TEST(Script, QuotesSoThatTheTextReadsBack) {
 
 TEST(Script, UsageShowsEveryAction) {
     const std::string usage = script::Usage();
-    for (const char* action : {"page",
-                               "choose",
-                               "click",
-                               "check",
-                               "type",
-                               "press",
-                               "answer",
-                               "screenshot",
-                               "wait",
-                               "reopen",
-                               "print",
-                               "bank",
-                               "value",
-                               "expect row",
-                               "expect text",
-                               "expect enabled",
-                               "expect disabled",
-                               "expect visible",
-                               "expect hidden",
-                               "expect bank",
-                               "expect page",
+    for (const char* action : {"page",           "choose",        "click",          "check",
+                               "type",           "press",         "answer",         "screenshot",
+                               "wait",           "reopen",        "print",          "bank",
+                               "value",          "set bank",      "set value",      "key",
+                               "expect row",     "expect text",   "expect enabled", "expect disabled",
+                               "expect visible", "expect hidden", "expect bank",    "expect page",
                                "expect message"})
         EXPECT_NE(usage.find("  " + std::string(action)), std::string::npos) << action;
 }
