@@ -1,6 +1,24 @@
 #!/bin/sh
 # Runs a Windows program in the project's Wine prefix: tools/wine-run.sh PROGRAM.exe [ARGUMENT...]
+# Within tools/with-lanes.sh it is the first prefix that no other program has, and its display.
 ZR_ROOT=$(cd "$(dirname "$0")/.." && pwd)
+
+if [ -n "${ZR_LANES:-}" ]; then
+    while :; do
+        for ready in "$ZR_LANES"/*.ready; do
+            exec 7>"${ready%.ready}.lock"
+            flock -n 7 || continue
+            { read -r ZR_WINEPREFIX && read -r DISPLAY; } <"$ready"
+            export ZR_WINEPREFIX DISPLAY
+            unset ZR_LANES
+            # This shell alone holds the lane; whatever a program leaves running must not.
+            "$0" "$@" 7>&-
+            exit
+        done
+        sleep 0.1
+    done
+fi
+
 . "$ZR_ROOT/tools/wine-env.sh"
 
 # The persistent server makes a program start in 40 ms instead of 2.4 s. It is started with the caller's pipes
