@@ -1,20 +1,14 @@
-// What the store's banks hold of a keyword.
+// What the store's banks hold of a keyword, by the names that tests use.
 #pragma once
 
-#include "session/datamanager.h"
-
-#include <cstdint>
+#include "session/bank_values.h"
 
 inline std::uint32_t Current(int keyword) {
-    std::uint32_t value = 0;
-    ExportedFunc_GetCurrent(keyword, &value);
-    return value;
+    return CurrentOf(keyword);
 }
 
 inline std::uint32_t Default(int keyword) {
-    std::uint32_t value = 0;
-    ExportedFunc_GetDefault(keyword, &value);
-    return value;
+    return DefaultOf(keyword);
 }
 
 inline std::uint32_t Preview(int keyword) {
