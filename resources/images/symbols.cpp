@@ -8,7 +8,7 @@
 
 #include <array>
 #include <initializer_list>
-#include <ranges>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -37,8 +37,8 @@ void DrawNumberedSheet(Canvas& canvas, int x, int y, int number) {
 void DrawSet(Canvas& canvas, int x, int y, std::initializer_list<int> numbers) {
     constexpr int kStep = 6;
     x += static_cast<int>(numbers.size() - 1) * kStep;
-    for (const int number : std::views::reverse(numbers)) {
-        DrawNumberedSheet(canvas, x, y, number);
+    for (auto number = std::rbegin(numbers); number != std::rend(numbers); ++number) {
+        DrawNumberedSheet(canvas, x, y, *number);
         x -= kStep;
     }
 }
