@@ -11,9 +11,14 @@ if [ -n "${ZR_LANES:-}" ]; then
             { read -r ZR_WINEPREFIX && read -r DISPLAY; } <"$ready"
             export ZR_WINEPREFIX DISPLAY
             unset ZR_LANES
-            # This shell alone holds the lane; whatever a program leaves running must not.
-            "$0" "$@" 7>&-
-            exit
+            # Whatever a program leaves running must hold neither the lane nor the caller's pipes, whose end the
+            # caller waits for.
+            output=$(mktemp)
+            "$0" "$@" >"$output" 2>&1 7>&-
+            status=$?
+            cat "$output"
+            rm -f "$output"
+            exit "$status"
         done
         sleep 0.1
     done
