@@ -108,6 +108,7 @@ int CStandardPageDlg::ApplyOutputPaperSize(SessionBlock* session) {
     if (!EditCustomOutputSize(session, row, prior))
         return outcome.Result();
     const std::int32_t tagOutputPaperSize = TagOfCurrent(kKeyword);
+    // The sheet is the output paper itself.
     const std::int32_t tagFixedForm = TagOfCurrent(kKeyword);
     const std::int32_t tagFinishFixedForm = TagOfCurrent(keyword::FinishFixedForm);
     ZR_LOG("tagOutputPaperSize=%d tagFixedForm=%d tagFinishFixedForm=%d\n", tagOutputPaperSize, tagFixedForm,
