@@ -25,6 +25,12 @@ std::size_t CopyText(std::span<char> field, std::string_view text) {
     return length;
 }
 
+std::size_t FillText(std::span<char> field, std::string_view text) {
+    const std::size_t length = CopyText(field, text);
+    std::ranges::fill(field.subspan(length), '\0');
+    return length;
+}
+
 std::string_view FieldText(std::span<const char> field) {
     const void* end = field.empty() ? nullptr : std::memchr(field.data(), 0, field.size());
     return {field.data(),

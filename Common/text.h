@@ -16,6 +16,9 @@ std::size_t CutLength(std::string_view text, std::size_t limit);
 // the NUL. Bytes behind the NUL are left as they are. An empty field receives nothing.
 std::size_t CopyText(std::span<char> field, std::string_view text);
 
+// The same, with zeros in the rest of the field: equal texts make equal fields.
+std::size_t FillText(std::span<char> field, std::string_view text);
+
 // The text that stands in `field`: up to its first NUL, or all of it if there is none.
 std::string_view FieldText(std::span<const char> field);
 

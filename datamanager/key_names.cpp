@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cinttypes>
 #include <cstdio>
 
@@ -38,6 +39,15 @@ bool IsDataSettingKeyName(std::string_view name) {
         return false;
     name.remove_prefix(kDataSettingPrefix.size());
     return name.size() == kIdDigits && std::ranges::all_of(name, IsUpperHexDigit);
+}
+
+std::uint32_t ProcessOfKey(std::string_view name) {
+    std::uint32_t process = 0;
+    if (IsDataSettingKeyName(name)) {
+        const char* digits = name.data() + name.size() - kIdDigits;
+        std::from_chars(digits, digits + kIdDigits / 2, process, 16);
+    }
+    return process;
 }
 
 std::uint32_t NextKeyStamp(std::uint64_t time) {

@@ -20,6 +20,9 @@ std::string DataSettingKeyName(std::uint32_t process, std::uint32_t stamp);
 // True for exactly the names that DataSettingKeyName gives.
 bool IsDataSettingKeyName(std::string_view name);
 
+// The process that a data setting key's name tells; 0 of another name.
+std::uint32_t ProcessOfKey(std::string_view name);
+
 // A stamp that no earlier call in this process gave, whatever the clock does. It is the time in milliseconds
 // as far as possible, so that a process that gets the number of an ended one makes other names.
 std::uint32_t NextKeyStamp(std::uint64_t time);

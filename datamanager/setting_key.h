@@ -62,6 +62,10 @@ class SettingKey {
 // made or is there already, and then belongs to another store.
 std::unique_ptr<SettingKey> MakeSettingKey(const std::string& name, std::uint32_t keywordCount);
 
+// A key that another process has made, with this name, which must be a data setting key's. Null if the key or
+// one of its subkeys is not there; nothing is made.
+std::unique_ptr<SettingKey> OpenSettingKey(const std::string& name);
+
 bool UserKeyExists(const std::string& path);
 
 // Removes a key and all below it. False if it isn't there or can't be removed.

@@ -8,6 +8,10 @@ std::unique_ptr<SettingKey> MakeSettingKey(const std::string&, std::uint32_t) {
     return nullptr;
 }
 
+std::unique_ptr<SettingKey> OpenSettingKey(const std::string&) {
+    return nullptr;
+}
+
 bool UserKeyExists(const std::string&) {
     return false;
 }

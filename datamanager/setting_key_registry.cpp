@@ -69,9 +69,10 @@ std::string_view NarrowName(ReadBuffers& buffers, DWORD length) {
 
 class RegistrySettingKey : public SettingKey {
   public:
-    explicit RegistrySettingKey(const std::string& name) : m_name(name) {}
+    explicit RegistrySettingKey(const std::string& name);
 
     bool Create(DWORD keywordCount);
+    bool Open();
 
     const std::string& Name() const override { return m_name; }
     bool IsDue() override;
@@ -101,6 +102,13 @@ class RegistrySettingKey : public SettingKey {
     LONGLONG m_interval = 0;
     LONGLONG m_asked = 0;
 };
+
+RegistrySettingKey::RegistrySettingKey(const std::string& name) : m_name(name) {
+    LARGE_INTEGER frequency;
+    QueryPerformanceFrequency(&frequency);
+    m_frequency = frequency.QuadPart;
+    m_interval = m_frequency / kAskedPerSecond;
+}
 
 // A volatile key can't have lasting parents made along with it, and the parent is shared by all sheets.
 bool MakeParent() {
@@ -142,10 +150,6 @@ bool RegistrySettingKey::WriteRootValues(DWORD keywordCount) {
 }
 
 bool RegistrySettingKey::Create(DWORD keywordCount) {
-    LARGE_INTEGER frequency;
-    QueryPerformanceFrequency(&frequency);
-    m_frequency = frequency.QuadPart;
-    m_interval = m_frequency / kAskedPerSecond;
     if (!MakeParent() || !CreateRoot())
         return false;
     // The root's own values are in before any watch begins; from then on only others write there.
@@ -153,6 +157,17 @@ bool RegistrySettingKey::Create(DWORD keywordCount) {
         return true;
     RegDeleteTreeA(HKEY_CURRENT_USER, m_name.c_str());
     return false;
+}
+
+bool RegistrySettingKey::Open() {
+    constexpr REGSAM access = KEY_READ | KEY_SET_VALUE;
+    if (RegOpenKeyExA(HKEY_CURRENT_USER, m_name.c_str(), 0, access, m_root.Receive()) != ERROR_SUCCESS)
+        return false;
+    for (std::size_t i = 0; i < m_sections.size(); ++i)
+        if (RegOpenKeyExA(m_root.Get(), kSectionNames[i], 0, access, m_sections[i].Receive()) !=
+            ERROR_SUCCESS)
+            return false;
+    return true;
 }
 
 bool RegistrySettingKey::IsDue() {
@@ -253,6 +268,13 @@ KeyResult RegistrySettingKey::Write(Section section, const char* name, KeyValueT
 std::unique_ptr<SettingKey> MakeSettingKey(const std::string& name, std::uint32_t keywordCount) {
     auto key = std::make_unique<RegistrySettingKey>(name);
     if (!key->Create(keywordCount))
+        return nullptr;
+    return key;
+}
+
+std::unique_ptr<SettingKey> OpenSettingKey(const std::string& name) {
+    auto key = std::make_unique<RegistrySettingKey>(name);
+    if (!key->Open())
         return nullptr;
     return key;
 }

@@ -1,11 +1,11 @@
 #include "settings/FavoriteFileManager.h"
 
-#include "Common/data_directories.h"
 #include "Common/log.h"
 #include "Common/strings.h"
 #include "Common/text.h"
 #include "resources/resource.h"
 #include "settings/favorite_cache.h"
+#include "settings/favorite_limits.h"
 #include "settings/favorite_path.h"
 #include "settings/favorite_texts.h"
 #include "settings/favorite_version.h"
@@ -29,12 +29,6 @@ constexpr auto kTags = std::to_array<std::string_view>({
 #include "settings/tag_table.def"
 });
 static_assert(kTags.size() == kTagCount);
-
-// Zeroed behind the text, so that equal favourites have equal bytes.
-void FillText(std::span<char> field, std::string_view text) {
-    std::ranges::fill(field, '\0');
-    CopyText(field, text);
-}
 
 struct HeaderStep {
     FavoriteHeader element;
@@ -71,20 +65,6 @@ void TakeOptions(const FavoriteTexts* texts, ddb::CPrintOptionEx& option) {
         }
         StoreOption(kTags[row], *text, option);
     }
-}
-
-// Nothing if the folder can't be had or the path is too long for a path.
-std::optional<PathBuffer> FavoriteDirectory() {
-    // Where there is room for all its pieces none is left away.
-    std::array<char, 2 * kMaxPath> whole{};
-    PathBuffer path{};
-    const int length = GetFavoriteDirectory(whole.data(), whole.size());
-    if (length <= 0 || static_cast<std::size_t>(length) >= path.size()) {
-        ZR_LOG("no favourite directory\n");
-        return std::nullopt;
-    }
-    CopyText(path, FieldText(whole));
-    return path;
 }
 
 std::optional<PathBuffer> FilePath(const CFavoriteSetting& setting) {
@@ -255,7 +235,7 @@ int CFavoriteFileManager::ReadFile(ByteSource& file, const Taker& take) {
 
 int CFavoriteFileManager::GetFindFavoriteFileList(std::vector<std::string>& names) {
     ZR_LOG_ENTRY();
-    const auto directory = FavoriteDirectory();
+    const auto directory = WholeFavoriteDirectory();
     std::vector<std::string> files;
     if (!directory ||
         !platform_files::ListFiles(directory->data(), LoadText(IDS_FAVORITE_FILTER).c_str(), files))
@@ -267,7 +247,7 @@ int CFavoriteFileManager::GetFindFavoriteFileList(std::vector<std::string>& name
     for (const std::string& file : files) {
         try {
             const std::string_view name = WithoutExtension(file);
-            if (name.size() <= kMaxListedName && IsListed(*directory, name))
+            if (name.size() <= kMaxFavoriteName && IsListed(*directory, name))
                 names.emplace_back(name);
         } catch (const std::exception& error) {
             ZR_LOG("not read: %s\\%s: %s\n", directory->data(), file.c_str(), error.what());
@@ -320,7 +300,7 @@ int CFavoriteFileManager::WriteFavorite(CFavoriteSetting* setting, int forceFavo
     if (!setting)
         return 0;
     if (forceFavoriteDir) {
-        const auto directory = FavoriteDirectory();
+        const auto directory = WholeFavoriteDirectory();
         if (!directory)
             return 0;
         setting->Directory = *directory;

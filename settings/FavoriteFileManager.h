@@ -22,9 +22,6 @@ inline constexpr int kFavoriteNotRead = 0; // the file can't be opened, or its t
 inline constexpr int kFavoriteRead = 1;
 inline constexpr int kFavoriteNoDocument = -1; // the file is no XML document that is taken
 
-// A name longer than this, in bytes without the extension, is not listed.
-inline constexpr std::size_t kMaxListedName = 27;
-
 // The files that failed loads leave open at most.
 inline constexpr std::size_t kMostOpenedFiles = 64;
 

@@ -5,10 +5,15 @@
 #include "Common/platform_files.h"
 #include "Common/text.h"
 #include "resources/resource.h"
+#include "session/keyword.h"
 #include "settings/FavoriteFileManager.h"
+#include "settings/InterchangeOptionTag.h"
 #include "settings/favorite_cache.h"
 #include "settings/favorite_path.h"
 #include "settings/named_values_guard.h"
+#include "settings/preset_settings.h"
+#include "settings/print_option_access.h"
+#include "settings/print_option_tag_access.h"
 
 #include <algorithm>
 #include <array>
@@ -43,6 +48,19 @@ std::invoke_result_t<Body> Guarded(const char* operation, Body&& body,
         WriteLog("%s %d行目 %s Exception\n", place.file_name(), line, operation);
     }
     return std::invoke_result_t<Body>();
+}
+
+// By KeywordId.
+std::array<bool, kKeywordCount> KeywordsThatFilesTell() {
+    std::vector<std::string_view> tags;
+    CTagTable().GetTagList(&tags);
+    std::array<bool, kKeywordCount> isTold{};
+    for (const std::string_view tag : tags) {
+        const ddb::FieldDescriptor* field = FindTaggedField(tag);
+        if (field && field->number >= 0 && field->number < kKeywordCount)
+            isTold[static_cast<std::size_t>(field->number)] = true;
+    }
+    return isTold;
 }
 
 void MakeOptionLine(const ddb::CPrintOptionEx& option, CFavoriteFileManager& files, OptionLine& line) {
@@ -114,12 +132,25 @@ void CSettingManager::LoadDefaultSettingInfo(const char* path) {
         CFavoriteFileManager files(m_tags);
         CFavoriteSetting read;
         // A file that is no document counts as read, so that the standard settings become the cleared record.
-        if (files.LoadFavoriteFromPath(read, path) == kFavoriteNotRead)
+        const int result = files.LoadFavoriteFromPath(read, path);
+        if (result == kFavoriteNotRead)
             return;
         const NamedValuesGuard present;
         m_default.PrintOption().CopyFrom(read.PrintOption());
+        if (result == kFavoriteRead)
+            KeepDriverDefaultsOfUntold();
         m_default.SaveToSession();
     });
+}
+
+void CSettingManager::KeepDriverDefaultsOfUntold() {
+    const auto isTold = KeywordsThatFilesTell();
+    for (int keyword = 0; keyword < kKeywordCount; ++keyword) {
+        if (!isTold[static_cast<std::size_t>(keyword)])
+            m_default.PrintOptionFromSession(keyword, TransferDirection::FromBank);
+    }
+    // The driver tells no default of a public setting.
+    SetU32(m_default.PrintOption(), ddb::FieldAt(ddb::FieldId::Scale), kUnscaled);
 }
 
 void CSettingManager::CopyDefaultToCurrent() {
@@ -173,6 +204,22 @@ int CSettingManager::AddFavorite(const CFavoriteSetting& setting) {
     ZR_LOG_ENTRY();
     m_favorites.push_back(setting);
     return static_cast<int>(m_favorites.size()) - 1;
+}
+
+int CSettingManager::KeepFavorite(const CFavoriteSetting& setting) {
+    ZR_LOG_ENTRY();
+    const int known = IndexOf(FieldText(setting.Name));
+    if (known < 0) {
+        if (SaveFavoriteSetting(AddFavorite(setting), 0))
+            return 1;
+        m_favorites.pop_back();
+        return 0;
+    }
+    const CFavoriteSetting before = std::exchange(Favorite(known), setting);
+    if (SaveFavoriteSetting(known, 0))
+        return 1;
+    Favorite(known) = before;
+    return 0;
 }
 
 int CSettingManager::AddFavoriteFromPath(CFavoriteSetting& setting, const char* path) {

@@ -35,7 +35,8 @@ class CSettingManager {
     int AllCurrentToSession();
     int LoadRegistryToCurrentSettingInfo();
 
-    // Reads the standard settings and fills the Default bank with them. A file that can't be opened changes
+    // Reads the standard settings and fills the Default bank with them. A keyword that no tag of a file
+    // reaches keeps the driver's default, which the Default bank holds. A file that can't be opened changes
     // nothing; one that is no document counts as read, and the record becomes the cleared one of a fresh
     // setting. The store's named values stay as they are. Raises nothing.
     void LoadDefaultSettingInfo(const char* path);
@@ -52,6 +53,9 @@ class CSettingManager {
     CFavoriteSetting* GetFavoriteSettingFromName(const char* name);
     // Appends a copy and returns its index. References to favourites are void then.
     int AddFavorite(const CFavoriteSetting& setting);
+    // Takes the favourite into the list, in the place of the one with its name if there is one, and writes
+    // its file: 1, or 0 with a log line and the list as it was.
+    int KeepFavorite(const CFavoriteSetting& setting);
     // Reads the file into `setting`, as CFavoriteFileManager::LoadFavoriteFromPath; what that raises is
     // logged and gives kFavoriteNotRead.
     int AddFavoriteFromPath(CFavoriteSetting& setting, const char* path);
@@ -69,6 +73,7 @@ class CSettingManager {
   private:
     CSettingManager();
 
+    void KeepDriverDefaultsOfUntold();
     void ReadFavoriteDirectory();
     bool IsChanged(int index);
 

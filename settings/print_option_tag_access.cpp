@@ -70,11 +70,6 @@ const DirectTag* FindDirectTag(std::string_view tag) {
     return found.rule == DirectRule::LeftToField ? nullptr : &found;
 }
 
-const FieldDescriptor* FindField(std::string_view tag) {
-    const DirectTag* direct = FindDirectTag(tag);
-    return direct ? ddb::FindFieldByValueNumber(direct->keyword) : ddb::FindFieldByTag(tag);
-}
-
 void StoreDirectly(const DirectTag& tag, std::string_view value, CPrintOptionEx& option) {
     std::int32_t number = I32FromText(value);
     if (tag.rule == DirectRule::CopiesLimits)
@@ -107,6 +102,11 @@ std::string FetchByType(const FieldDescriptor& field, const CPrintOptionEx& opti
 
 } // namespace
 
+const FieldDescriptor* FindTaggedField(std::string_view tag) {
+    const DirectTag* direct = FindDirectTag(tag);
+    return direct ? ddb::FindFieldByValueNumber(direct->keyword) : ddb::FindFieldByTag(tag);
+}
+
 void StoreOption(std::string_view tag, std::string_view value, CPrintOptionEx& option) {
     if (const DirectTag* direct = FindDirectTag(tag))
         StoreDirectly(*direct, value, option);
@@ -115,7 +115,7 @@ void StoreOption(std::string_view tag, std::string_view value, CPrintOptionEx& o
 }
 
 void FetchOption(std::string_view tag, const CPrintOptionEx& option, std::string& value) {
-    if (const FieldDescriptor* field = FindField(tag))
+    if (const FieldDescriptor* field = FindTaggedField(tag))
         value = FetchByType(*field, option);
 }
 
@@ -126,7 +126,7 @@ int AccessPrintOption(const char* tag, char* value, CSettingInfo* setting, int m
         return 1;
     if (mode == kStoreOption)
         StoreOption(tag, {value, strnlen(value, kOptionValueSize)}, setting->PrintOption());
-    else if (const FieldDescriptor* field = FindField(tag); field && mode == kFetchOption)
+    else if (const FieldDescriptor* field = FindTaggedField(tag); field && mode == kFetchOption)
         CopyText(std::span(value, kOptionValueSize), FetchByType(*field, setting->PrintOption()));
     return 1;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "settings/Ddb_PrintOption.h"
+#include "settings/print_option_fields.h"
 
 #include <cstddef>
 #include <string>
@@ -26,3 +27,6 @@ int AccessPrintOption(const char* tag, char* value, CSettingInfo* setting, int m
 // tag reaches no field.
 void StoreOption(std::string_view tag, std::string_view value, ddb::CPrintOptionEx& option);
 void FetchOption(std::string_view tag, const ddb::CPrintOptionEx& option, std::string& value);
+
+// The field that the tag reaches, null if there is none.
+const ddb::FieldDescriptor* FindTaggedField(std::string_view tag);

@@ -3,6 +3,7 @@
 #include "Common/name_index.h"
 #include "session/datamanager.h"
 #include "settings/print_option_fields.h"
+#include "settings/store_names.h"
 
 #include <algorithm>
 
@@ -37,17 +38,6 @@ constexpr std::string_view StoreName(std::size_t value) {
     return kStoreValues[value].name;
 }
 constexpr NameIndex<kStoreValues.size(), StoreName> kByName;
-
-// The store has its own names for three fields.
-constexpr std::string_view StoreNameOf(const ddb::FieldDescriptor& field) {
-    if (field.number == ddb::FieldAt(ddb::FieldId::UserDefineMemoFile).number)
-        return "CustomMemoFile";
-    if (field.number == ddb::FieldAt(ddb::FieldId::AutoJobStartSpecifiedDayAndTime).number)
-        return "AutoJobStartSpecifiedDayAndTimeForDriver";
-    if (field.number == ddb::FieldAt(ddb::FieldId::Folder).number)
-        return "FolderName";
-    return field.name;
-}
 
 constexpr int kFirstNumber = ddb::FieldAt(ddb::FieldId::LogicalPageRange).number;
 constexpr int kLastNumber = ddb::FieldAt(ddb::FieldId::StapleMechanism).number;

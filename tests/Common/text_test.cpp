@@ -33,6 +33,25 @@ TEST(CopyText, LeavesAnEmptyFieldAlone) {
     EXPECT_EQ(CopyText({}, "abc"), 0u);
 }
 
+TEST(FillText, ZeroesTheRestOfTheField) {
+    std::array<char, 6> field;
+    field.fill('x');
+    EXPECT_EQ(FillText(field, "ab"), 2u);
+    EXPECT_EQ(field, (std::array{'a', 'b', '\0', '\0', '\0', '\0'}));
+    EXPECT_EQ(FillText(field, ""), 0u);
+    EXPECT_EQ(field, (std::array<char, 6>{}));
+}
+
+TEST(FillText, CutsOnACharacterBoundary) {
+    std::array<char, 4> field;
+    field.fill('x');
+    EXPECT_EQ(FillText(field, std::string("ab") + kDoubleByte), 2u);
+    EXPECT_EQ(field, (std::array{'a', 'b', '\0', '\0'}));
+    EXPECT_EQ(FillText(field, std::string("c") + kDoubleByte), 3u);
+    EXPECT_EQ(field, (std::array{'c', '\x95', '\x5C', '\0'}));
+    EXPECT_EQ(FillText({}, "abc"), 0u);
+}
+
 TEST(FieldText, EndsAtTheFirstNulOrAtTheField) {
     const std::array<char, 4> ended{'a', 'b', '\0', 'x'};
     const std::array<char, 3> open{'a', 'b', 'c'};

@@ -37,6 +37,16 @@ TEST(DataSettingKeyName, IsNoOtherName) {
         EXPECT_FALSE(IsDataSettingKeyName(name)) << name;
 }
 
+TEST(DataSettingKeyName, GivesItsProcessBack) {
+    EXPECT_EQ(ProcessOfKey("Software\\Zephra\\QPSP\\DataSet_000001A40000BEEF"), 0x1A4U);
+    EXPECT_EQ(ProcessOfKey("Software\\Zephra\\QPSP\\DataSet_FFFFFFFE00000000"), 0xFFFFFFFEU);
+}
+
+TEST(DataSettingKeyName, OfAnotherNameThereIsNoProcess) {
+    for (const char* name : {"", "000001A40000BEEF", "Software\\Zephra\\QPSP\\DataSet_000001A4"})
+        EXPECT_EQ(ProcessOfKey(name), 0U) << name;
+}
+
 TEST(KeyStamp, NeverComesTwiceEvenIfTheClockStands) {
     const std::uint32_t first = NextKeyStamp(5'000'000'000'000);
     EXPECT_EQ(NextKeyStamp(5'000'000'000'000), first + 1);

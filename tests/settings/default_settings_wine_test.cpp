@@ -132,9 +132,7 @@ TEST_F(FreshSheet, HasTheFileBesideTheModuleInTheDriversFolder) {
     EXPECT_EQ(FileContents((folder / kFile).string()), FileContents((OwnFolder() / kFile).string()));
 }
 
-// Scale is a public setting whose standard the driver tells nobody. Whoever puts the standard settings over
-// the present ones keeps these four.
-TEST_F(FreshSheet, LosesNothingButFourKeywordsToTheStandardSettings) {
+TEST_F(FreshSheet, LosesNothingToTheStandardSettings) {
     std::array<std::uint32_t, kKeywordCount> fresh{};
     for (int keyword = 0; keyword < kKeywordCount; ++keyword)
         fresh[static_cast<std::size_t>(keyword)] = Current(keyword);
@@ -151,19 +149,13 @@ TEST_F(FreshSheet, LosesNothingButFourKeywordsToTheStandardSettings) {
         if (Default(keyword) != before)
             standard.emplace(name, std::pair(before, Default(keyword)));
     }
-    const Differences expected{
-        {"Scale", {100, 0}},
-        {"SaveFileDpi", {2, 0}},
-        {"MediaTypeWeightBypass", {1, 0}},
-        {"PaperColorBypass", {1, 0}},
-    };
-    EXPECT_EQ(current, expected);
-    EXPECT_EQ(standard, expected);
+    EXPECT_EQ(current, Differences{});
+    EXPECT_EQ(standard, Differences{});
 }
 
 // The driver tells the module the defaults of its features alone; the file tells those of the public
-// settings. Three features' defaults are lost, since no tag reaches their fields.
-TEST_F(FreshSheet, FillsTheDefaultBankWithTheDriversOwnDefaultsWhereATagTellsThem) {
+// settings but for the scale, which no tag reaches.
+TEST_F(FreshSheet, AddsTheDefaultsOfThePublicSettingsToThoseThatTheDriverTold) {
     std::map<std::string, std::pair<std::uint32_t, std::uint32_t>> changed; // before and after
     for (int keyword = 0; keyword < kKeywordCount; ++keyword) {
         const std::uint32_t before = defaults[static_cast<std::size_t>(keyword)];
@@ -171,10 +163,11 @@ TEST_F(FreshSheet, FillsTheDefaultBankWithTheDriversOwnDefaultsWhereATagTellsThe
             changed.emplace(kKeywordNames[static_cast<std::size_t>(keyword)], std::pair(before, after));
     }
     const decltype(changed) expected{
-        {"PageSize", {0, 2}},         {"Copies", {0, 1}},
-        {"Collate", {0, 1}},          {"CustomChgPaperDirection", {0, 1}},
-        {"SaveFileDpi", {2, 0}},      {"MediaTypeWeightBypass", {1, 0}},
-        {"PaperColorBypass", {1, 0}},
+        {"PageSize", {0, 2}},
+        {"Copies", {0, 1}},
+        {"Scale", {0, 100}},
+        {"Collate", {0, 1}},
+        {"CustomChgPaperDirection", {0, 1}},
     };
     EXPECT_EQ(changed, expected);
 }

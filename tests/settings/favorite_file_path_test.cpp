@@ -1,7 +1,9 @@
 // The files that a favourite's Directory and Name tell.
 #include "Common/strings.h"
 #include "Common/text.h"
+#include "resources/resource.h"
 #include "settings/favorite_cache.h"
+#include "settings/favorite_path.h"
 #include "tests/settings/favorite_directory.h"
 #include "tests/settings/favorite_fixture.h"
 
@@ -56,6 +58,27 @@ TEST_F(FavoriteFilePath, AForcedDirectoryReplacesThatOfTheSetting) {
     EXPECT_EQ(manager.ReadFavorite(&setting), 1);
 }
 
+TEST_F(FavoriteFilePath, ANameAloneStandsForAFileOfTheFavoriteDirectory) {
+    const auto path = FavoritePath("表");
+    ASSERT_TRUE(path);
+    EXPECT_EQ(FieldText(*path), directory.Path() + "\\表.pfk");
+    EXPECT_FALSE(FavoritePath(std::string(300, 'x')));
+}
+
+TEST_F(FavoriteFilePath, TheFavoriteDirectoryIsHadWhole) {
+    const auto path = WholeFavoriteDirectory();
+    ASSERT_TRUE(path);
+    EXPECT_EQ(FieldText(*path), directory.Path());
+}
+
+// Its file would stand in the root of the current drive.
+TEST_F(FavoriteFilePath, ASettingWithoutADirectoryHasNoFile) {
+    Name("a", "");
+    EXPECT_FALSE(FavoritePath(setting, IDS_FAVORITE_EXTENSION));
+    EXPECT_EQ(manager.WriteFavorite(&setting, 0), 0);
+    EXPECT_EQ(manager.ReadFavorite(&setting), 0);
+}
+
 TEST_F(FavoriteFilePath, WithoutASettingNothingIsWrittenOrRead) {
     EXPECT_EQ(manager.WriteFavorite(nullptr, 0), 0);
     EXPECT_EQ(manager.ReadFavorite(nullptr), 0);
@@ -94,6 +117,8 @@ TEST_F(FavoriteFilePath, AFolderThatCantBeHadListsAndForcesNothing) {
     platform_files::Folders() = {};
     std::vector<std::string> names;
     EXPECT_EQ(manager.GetFindFavoriteFileList(names), 0);
+    EXPECT_FALSE(WholeFavoriteDirectory());
+    EXPECT_FALSE(FavoritePath("a"));
     Name("a", folder.string());
     EXPECT_EQ(manager.WriteFavorite(&setting, 1), 0);
     EXPECT_EQ(FieldText(setting.Directory), folder.string());
@@ -101,6 +126,8 @@ TEST_F(FavoriteFilePath, AFolderThatCantBeHadListsAndForcesNothing) {
 
 TEST_F(FavoriteFilePath, AFavouriteDirectoryThatDoesNotFitIsNone) {
     platform_files::Folders().commonDocuments = "/" + std::string(219, 'd');
+    EXPECT_FALSE(WholeFavoriteDirectory());
+    EXPECT_FALSE(FavoritePath("a"));
     Name("a", folder.string());
     EXPECT_EQ(manager.WriteFavorite(&setting, 1), 0);
     EXPECT_EQ(FieldText(setting.Directory), folder.string());

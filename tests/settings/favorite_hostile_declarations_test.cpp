@@ -26,7 +26,7 @@ TEST_F(FavoriteHostile, NestedEntitiesAreRefused) {
     std::string type = "<!DOCTYPE Favorite [<!ENTITY a0 'ha'>";
     for (int level = 1; level < 20; ++level)
         type += "<!ENTITY a" + std::to_string(level) + " '" +
-                Repeated("&a" + std::to_string(level - 1) + ";", 10) + "'>";
+                Repeated(10, "&a" + std::to_string(level - 1) + ";") + "'>";
     ExpectRefused(type + "]><Favorite><Comment>&a19;</Comment></Favorite>");
     ExpectRefused(type + "]><Favorite Comment='&a19;'/>");
     ExpectRefused("<!DOCTYPE Favorite [<!ENTITY a '&b;'><!ENTITY b '&a;'>]><Favorite>&a;</Favorite>");
@@ -36,7 +36,7 @@ TEST_F(FavoriteHostile, NestedEntitiesThatTheEncodingHidesAreRefused) {
     std::string bytes = "<?xml version='1.0' encoding='UTF-7'?><+ACE-DOCTYPE r [<+ACE-ENTITY a0 'ha'>";
     for (int level = 1; level < 20; ++level)
         bytes += "<+ACE-ENTITY a" + std::to_string(level) + " '" +
-                 Repeated("+ACY-a" + std::to_string(level - 1) + ";", 10) + "'>";
+                 Repeated(10, "+ACY-a" + std::to_string(level - 1) + ";") + "'>";
     ExpectRefused(bytes + "]><Favorite><Comment>+ACY-a19;</Comment></Favorite>");
     ExpectRefused("<?xml version='1.0' encoding='ISO-2022-JP'?><!DOC\x1B(BTYPE r [<!ENT\x1B(BITY a 'b'>]>"
                   "<Favorite>&a;</Favorite>");

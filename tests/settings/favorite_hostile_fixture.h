@@ -5,18 +5,12 @@
 #include "tests/settings/ended_texts.h"
 #include "tests/settings/favorite_samples.h"
 #include "tests/settings/xml_fixture.h"
+#include "tests/support/repeated.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
-
-inline std::string Repeated(std::string_view text, std::size_t times) {
-    std::string repeated;
-    for (std::size_t time = 0; time < times; ++time)
-        repeated += text;
-    return repeated;
-}
 
 // The files' folder of the XML tests, and a setting that has been used before.
 class FavoriteHostile : public XmlTest {

@@ -12,17 +12,17 @@ constexpr std::size_t kFourMegabytes = 4194304;
 
 TEST_F(FavoriteHostile, TenThousandLevelsAreReadOrRefusedWithoutHarm) {
     const std::string deep =
-        Repeated("<a>", 10'000) + "<NumOfCopies>7</NumOfCopies>" + Repeated("</a>", 10'000);
+        Repeated(10'000, "<a>") + "<NumOfCopies>7</NumOfCopies>" + Repeated(10'000, "</a>");
     if (ExpectReadOrRefused(FavoriteAround(deep))) {
         EXPECT_EQ(Value("ONOC"), "7");
     }
-    ExpectRefused(FavoriteAround(Repeated("<a>", 10'000)));
-    ExpectReadOrRefused(Repeated("<NumOfCopies>1", 10'000) + Repeated("</NumOfCopies>", 10'000));
+    ExpectRefused(FavoriteAround(Repeated(10'000, "<a>")));
+    ExpectReadOrRefused(Repeated(10'000, "<NumOfCopies>1") + Repeated(10'000, "</NumOfCopies>"));
 }
 
 TEST_F(FavoriteHostile, AHundredThousandSiblingsAreRead) {
     ExpectRead(
-        FavoriteAround(Repeated("<NumOfCopies>1</NumOfCopies>", 100'000) + "<NumOfCopies>8</NumOfCopies>"));
+        FavoriteAround(Repeated(100'000, "<NumOfCopies>1</NumOfCopies>") + "<NumOfCopies>8</NumOfCopies>"));
     EXPECT_EQ(Value("ONOC"), "8");
 }
 
@@ -72,8 +72,8 @@ TEST_F(FavoriteHostile, ATextOfAMegabyteIsCutToItsField) {
 }
 
 TEST_F(FavoriteHostile, ALongTextOfDoubleByteCharactersIsCutBetweenTwo) {
-    ExpectRead(FavoriteAround("<OptionMemoFile>x" + Repeated("\xE8\xA1\xA8", 300'000) + "</OptionMemoFile>"));
-    EXPECT_EQ(Value("OOMF"), "x" + Repeated("\x95\x5C", 49))
+    ExpectRead(FavoriteAround("<OptionMemoFile>x" + Repeated(300'000, "\xE8\xA1\xA8") + "</OptionMemoFile>"));
+    EXPECT_EQ(Value("OOMF"), "x" + Repeated(49, "\x95\x5C"))
         << "100 bytes are room for half a character more";
 }
 

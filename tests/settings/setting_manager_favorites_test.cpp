@@ -168,6 +168,41 @@ TEST_F(SettingManagerTest, SavesAFavoriteToItsDirectoryOrToTheFavoriteDirectory)
     EXPECT_TRUE(std::filesystem::exists(FavoritePath("name.pfk")));
 }
 
+TEST_F(SettingManagerTest, KeepsANewFavoriteAtTheEndOfTheListAndInItsFile) {
+    CSettingManager& manager = *CSettingManager::GetSettingManager();
+    manager.AddFavorite(MakeFavorite("first"));
+    CFavoriteSetting favorite = MakeFavorite("second", 22);
+    std::ranges::copy(folder.string(), favorite.Directory.begin());
+    EXPECT_EQ(manager.KeepFavorite(favorite), 1);
+    EXPECT_EQ(manager.IndexOf("second"), 1);
+    EXPECT_TRUE(std::filesystem::exists(folder / "second.pfk"));
+}
+
+TEST_F(SettingManagerTest, KeepsAFavoriteInThePlaceOfTheOneWithItsName) {
+    CSettingManager& manager = *CSettingManager::GetSettingManager();
+    CFavoriteSetting favorite = MakeFavorite("first", 11);
+    std::ranges::copy(folder.string(), favorite.Directory.begin());
+    manager.AddFavorite(favorite);
+    manager.AddFavorite(MakeFavorite("second"));
+    SetI32(favorite.PrintOption(), FieldAt(FieldId::NumOfCopies), 99);
+    EXPECT_EQ(manager.KeepFavorite(favorite), 1);
+    EXPECT_EQ(manager.Count(), 2u);
+    EXPECT_EQ(Copies(manager.Favorite(0)), 99);
+}
+
+TEST_F(SettingManagerTest, AFavoriteThatCannotBeKeptLeavesTheListAsItWas) {
+    CSettingManager& manager = *CSettingManager::GetSettingManager();
+    CFavoriteSetting favorite = MakeFavorite("first", 11);
+    std::ranges::copy((folder / "missing").string(), favorite.Directory.begin());
+    EXPECT_EQ(manager.KeepFavorite(favorite), 0);
+    EXPECT_EQ(manager.Count(), 0u);
+    manager.AddFavorite(favorite);
+    SetI32(favorite.PrintOption(), FieldAt(FieldId::NumOfCopies), 99);
+    EXPECT_EQ(manager.KeepFavorite(favorite), 0);
+    EXPECT_EQ(manager.Count(), 1u);
+    EXPECT_EQ(Copies(manager.Favorite(0)), 11);
+}
+
 TEST_F(SettingManagerTest, AFavoriteThatCannotBeWrittenIsLoggedAndAnswers0) {
     const LogLines log;
     CSettingManager& manager = *CSettingManager::GetSettingManager();

@@ -97,6 +97,33 @@ TEST_F(SettingManagerTest, LoadingTheDefaultsKeepsTheNamedValuesAndTheCurrentBan
     EXPECT_EQ(Current(keyword::Tray), 2u);
 }
 
+// No tag of a file reaches these; index 2 of SaveFileDpi is the driver's own default there.
+TEST_F(SettingManagerTest, LoadingTheDefaultsKeepsTheDriversDefaultOfAKeywordThatNoTagReaches) {
+    ExportedFunc_SetDefault(keyword::SaveFileDpi, 2);
+    ExportedFunc_SetDefault(keyword::MediaTypeWeightBypass, 1);
+    ExportedFunc_SetDefault(keyword::PaperColorBypass, 1);
+    ExportedFunc_SetDefault(keyword::Copies, 5);
+    ExportedFunc_SetDefault(keyword::Tray, 2);
+    CSettingManager& manager = *CSettingManager::Create(SaveDefaults("def", MakeFavorite({}, 7)).c_str());
+    EXPECT_EQ(Default(keyword::SaveFileDpi), 2u);
+    EXPECT_EQ(Default(keyword::MediaTypeWeightBypass), 1u);
+    EXPECT_EQ(Default(keyword::PaperColorBypass), 1u);
+    EXPECT_EQ(Default(keyword::Copies), 7u) << "the file tells it";
+    EXPECT_EQ(Tray(manager.Default()), 0) << "and this too";
+    manager.CopyDefaultToCurrent();
+    manager.SaveCurrentToSession();
+    EXPECT_EQ(Current(keyword::SaveFileDpi), 2u);
+    EXPECT_EQ(Current(keyword::MediaTypeWeightBypass), 1u);
+    EXPECT_EQ(Current(keyword::PaperColorBypass), 1u);
+}
+
+// The driver keeps the scale in a public field and tells nobody its default.
+TEST_F(SettingManagerTest, LoadingTheDefaultsGivesTheUnscaledSize) {
+    CSettingManager& manager = *CSettingManager::Create(SaveDefaults("def", MakeFavorite({}, 7)).c_str());
+    EXPECT_EQ(GetI32(manager.Default().PrintOption(), FieldAt(FieldId::Scale)), 100);
+    EXPECT_EQ(Default(keyword::Scale), 100u);
+}
+
 TEST_F(SettingManagerTest, ADefaultFileThatCannotBeOpenedChangesNothing) {
     CSettingManager& manager = *CSettingManager::Create(SaveDefaults("def", MakeFavorite({}, 7)).c_str());
     ExportedFunc_SetDefault(keyword::Copies, 44);

@@ -3,6 +3,7 @@
 #include "tests/settings/setting_fixture.h"
 #include "tests/settings/standard_value_lists.h"
 #include "tests/support/devmode_listing.h"
+#include "tests/support/reset_listing.h"
 
 #include <map>
 #include <memory>
@@ -15,13 +16,8 @@ using Constants = std::vector<std::pair<std::string, std::string>>;
 
 Constants ResetConstants() {
     Constants constants;
-    for (const std::string& name : kEmptyTexts)
-        constants.emplace_back(name, "");
-    constants.insert(constants.end(), kOtherTexts.begin(), kOtherTexts.end());
-    for (const auto& [name, number] : kNumbers)
-        constants.emplace_back(name, std::to_string(number));
-    for (const std::string& name : kZeroNumbers)
-        constants.emplace_back(name, "0");
+    for (const ListedResetValue& value : ListedResetValues())
+        constants.emplace_back(value.name, value.value);
     return constants;
 }
 
