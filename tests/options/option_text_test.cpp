@@ -81,9 +81,14 @@ TEST(OptionTexts, HoldAsManyRowsAsTheLongTablesHave) {
     EXPECT_EQ(rows["StapleMode"], 22);
 }
 
+// The strings behind these are the job property application's.
+bool IsOptionString(unsigned number) {
+    return number >= 24000 && number < 24300;
+}
+
 TEST(Vocabulary, NamesEveryStringFrom24000Up) {
     for (const auto& [number, text] : kStrings) {
-        if (number >= 24000) {
+        if (IsOptionString(number)) {
             EXPECT_TRUE(kNamedStrings.contains(number)) << number;
         }
     }
@@ -94,7 +99,7 @@ TEST(Vocabulary, GivesNoStringFrom24000UpTheTextOfAnother) {
     for (const auto& [number, text] : kStrings) {
         const auto [first, isNew] = numbers.emplace(text, number);
         if (!isNew) {
-            EXPECT_LT(number, 24000u) << "has the text of " << first->second;
+            EXPECT_FALSE(IsOptionString(number)) << number << " has the text of " << first->second;
         }
     }
 }

@@ -59,6 +59,14 @@ const std::map<unsigned, std::string> kBetterTexts{
 // The texts of option lists that have no listed number; options_test knows each of them.
 constexpr unsigned kFirstOwn = 24000;
 constexpr unsigned kLastOwn = 24266;
+// The texts of the job property application.
+constexpr unsigned kFirstOfApplication = 24300;
+constexpr unsigned kLastOfApplication = 24329;
+
+bool HasAnOwnNumber(unsigned number) {
+    return (number >= kFirstOwn && number <= kLastOwn) ||
+           (number >= kFirstOfApplication && number <= kLastOfApplication);
+}
 
 TEST(Strings, HoldEveryListedTextUnderItsNumber) {
     const auto strings = ListedStrings();
@@ -82,10 +90,15 @@ TEST(Strings, HoldTheTextsOfOptionListsFrom24000UpWithoutAGap) {
         EXPECT_NE(LoadText(number), "") << number;
 }
 
+TEST(Strings, HoldTheTextsOfTheJobPropertyApplicationWithoutAGap) {
+    for (unsigned number = kFirstOfApplication; number <= kLastOfApplication; ++number)
+        EXPECT_NE(LoadText(number), "") << number;
+}
+
 TEST(Strings, HaveNothingUnderAnyOtherNumber) {
     const auto strings = ListedStrings();
     for (unsigned number = 0; number <= 0xFFFF; ++number) {
-        if (!strings.contains(number) && (number < kFirstOwn || number > kLastOwn)) {
+        if (!strings.contains(number) && !HasAnOwnNumber(number)) {
             ASSERT_EQ(LoadText(number), "") << number;
         }
     }
