@@ -54,8 +54,10 @@ void ReadEdition(HKEY versions, const std::string& path, Edition& last) {
         last.version = DigitOf(version[0]);
     DWORD install = 0;
     size = sizeof install;
-    if (RegQueryValueExA(key.Get(), "Install", nullptr, nullptr, reinterpret_cast<LPBYTE>(&install), &size) ==
-        ERROR_SUCCESS)
+    DWORD type = REG_NONE;
+    if (RegQueryValueExA(key.Get(), "Install", nullptr, &type, reinterpret_cast<LPBYTE>(&install), &size) ==
+            ERROR_SUCCESS &&
+        type == REG_DWORD)
         last.install = install;
 }
 

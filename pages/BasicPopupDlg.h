@@ -21,10 +21,6 @@ class CBasicPopupDlg {
     virtual int OnCommand(WORD notifyCode, WORD controlId, HWND control) = 0;
 
     HWND m_hwnd = nullptr;
-    SessionBlock* session;
+    SessionBlock* session; // unless it is that of the open sheet, every command closes the dialog
     int templateId;
-
-  private:
-    static INT_PTR CALLBACK DialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
-    INT_PTR Route(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 };

@@ -15,24 +15,18 @@ namespace {
 
 constexpr std::int32_t kShortEdgeFirst = 1; // tag of a paper direction
 
-struct Caption {
-    int control;
-    unsigned text;
-    bool isLabel;
-};
-
 constexpr Caption kCaptions[]{
-    {IDC_CUSTOM_SIZE_GROUP, IDS_CUSTOM_SIZE_GROUP, false},
+    {IDC_CUSTOM_SIZE_GROUP, IDS_CUSTOM_SIZE_GROUP},
     {IDC_CUSTOM_WIDTH_LABEL, IDS_CUSTOM_WIDTH, true},
     {IDC_CUSTOM_HEIGHT_LABEL, IDS_CUSTOM_HEIGHT, true},
-    {IDC_CUSTOM_UNIT_GROUP, IDS_CUSTOM_UNIT_GROUP, false},
-    {IDC_CUSTOM_INCH, IDS_CUSTOM_INCH, false},
-    {IDC_CUSTOM_MILLIMETER, IDS_CUSTOM_MILLIMETER, false},
-    {IDC_CUSTOM_POINT, IDS_CUSTOM_POINT, false},
+    {IDC_CUSTOM_UNIT_GROUP, IDS_CUSTOM_UNIT_GROUP},
+    {IDC_CUSTOM_INCH, IDS_CUSTOM_INCH},
+    {IDC_CUSTOM_MILLIMETER, IDS_CUSTOM_MILLIMETER},
+    {IDC_CUSTOM_POINT, IDS_CUSTOM_POINT},
     {IDC_CUSTOM_DIRECTION_LABEL, IDS_CUSTOM_DIRECTION, true},
-    {IDC_CUSTOM_OK, IDS_CUSTOM_OK, false},
-    {IDC_CUSTOM_CANCEL, IDS_CANCEL, false},
-    {IDC_CUSTOM_DEFAULTS, IDS_CUSTOM_DEFAULTS, false},
+    {IDC_CUSTOM_OK, IDS_CUSTOM_OK},
+    {IDC_CUSTOM_CANCEL, IDS_CANCEL},
+    {IDC_CUSTOM_DEFAULTS, IDS_CUSTOM_DEFAULTS},
 };
 
 constexpr int kFirstUnitRadio = IDC_CUSTOM_INCH;
@@ -94,9 +88,7 @@ int CCustomPageEditDlg::OnInitDialog() {
 void CCustomPageEditDlg::InitControl() {
     ZR_LOG_ENTRY();
     SetWindowTextA(m_hwnd, LoadText(IDS_CUSTOM_TITLE).c_str());
-    const std::string colon = LoadText(IDS_COLON);
-    for (const Caption& caption : kCaptions)
-        SetCaption(m_hwnd, caption.control, LoadText(caption.text) + (caption.isLabel ? colon : ""));
+    SetCaptions(m_hwnd, kCaptions);
     for (const int id : {IDC_CUSTOM_DIRECTION_LABEL, IDC_CUSTOM_DIRECTION})
         ShowWindow(GetDlgItem(m_hwnd, id), SW_HIDE);
 }

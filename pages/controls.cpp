@@ -1,5 +1,8 @@
 #include "pages/controls.h"
 
+#include "Common/strings.h"
+#include "resources/resource.h"
+
 #include <commctrl.h>
 #include <prsht.h>
 
@@ -7,9 +10,11 @@
 
 namespace {
 
-void InsertRow(HWND comboEx, COMBOBOXEXITEMA& item, const std::string& text) {
+constexpr int kAtEnd = -1;
+
+void InsertRow(HWND comboEx, COMBOBOXEXITEMA& item, const std::string& text, int row = kAtEnd) {
     item.mask |= CBEIF_TEXT;
-    item.iItem = -1;
+    item.iItem = row;
     item.pszText = const_cast<char*>(text.c_str());
     SendMessageA(comboEx, CBEM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
 }
@@ -23,6 +28,11 @@ void RegisterPageControls() {
 
 void SetCaption(HWND dialog, int controlId, const std::string& text) {
     SetDlgItemTextA(dialog, controlId, text.c_str());
+}
+
+void SetCaptions(HWND dialog, std::span<const Caption> captions) {
+    for (const auto& [control, text, isLabel] : captions)
+        SetCaption(dialog, control, LoadText(text) + (isLabel ? LoadText(IDS_COLON) : ""));
 }
 
 std::string ControlText(HWND control) {
@@ -53,6 +63,23 @@ void AppendNumberedRow(HWND comboEx, const std::string& text, int number) {
     item.mask = CBEIF_LPARAM;
     item.lParam = number;
     InsertRow(comboEx, item, text);
+}
+
+void InsertNumberedRow(HWND comboEx, int row, const std::string& text, int image, int number) {
+    COMBOBOXEXITEMA item{};
+    item.mask = CBEIF_IMAGE | CBEIF_SELECTEDIMAGE | CBEIF_LPARAM;
+    item.iImage = image;
+    item.iSelectedImage = image;
+    item.lParam = number;
+    InsertRow(comboEx, item, text, row);
+}
+
+void RemoveRow(HWND combo, int row) {
+    const int selected = SelectedRow(combo);
+    SendMessageA(combo, CB_DELETESTRING, static_cast<WPARAM>(row), 0);
+    // Not every combo box moves its selection along with the rows.
+    if (row < selected)
+        SelectRow(combo, static_cast<std::uint32_t>(selected - 1));
 }
 
 std::string RowText(HWND combo, int row) {

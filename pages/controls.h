@@ -4,12 +4,20 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <span>
 #include <string>
 
 // Registers the common controls that the dialog templates name. To be called before a template is used.
 void RegisterPageControls();
 
 void SetCaption(HWND dialog, int controlId, const std::string& text);
+// The caption that a control has in the string table, with a colon behind it if it labels another control.
+struct Caption {
+    int control;
+    unsigned text;
+    bool isLabel = false;
+};
+void SetCaptions(HWND dialog, std::span<const Caption> captions);
 // Puts the label of a keyword or an option_item, and a colon, on a control. An item without a label leaves
 // the template's caption.
 void SetItemLabel(HWND dialog, int controlId, int item);
@@ -24,6 +32,10 @@ void AppendRow(HWND comboEx, const std::string& text);
 void AppendRow(HWND comboEx, const std::string& text, int image);
 // Appends a row whose data word is a number of its own.
 void AppendNumberedRow(HWND comboEx, const std::string& text, int number);
+// Inserts a row with an image of the list and a data word of its own; the rows from `row` on move down.
+void InsertNumberedRow(HWND comboEx, int row, const std::string& text, int image, int number);
+// Takes a row away; whatever other row is selected stays so.
+void RemoveRow(HWND combo, int row);
 // "" for a row that is not there.
 std::string RowText(HWND combo, int row);
 

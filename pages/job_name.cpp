@@ -1,14 +1,14 @@
 // The job's name on the standard page.
 #include "Common/log.h"
+#include "pages/JobNameDlg.h"
 #include "pages/standardpage.h"
 
-// Stands where the dialog for the job's name runs.
 int CStandardPageDlg::DoModalJobName() {
     ZR_LOG_ENTRY();
-    return IDCANCEL;
+    return static_cast<int>(DoJobNameDialog(m_hwnd, Session()));
 }
 
-// Stands where the name, or how it is formed, is shown beside the button.
-void CStandardPageDlg::ShowJobName(SessionBlock*) {
+void CStandardPageDlg::ShowJobName(SessionBlock* session) {
     ZR_LOG_ENTRY();
+    ChangeJobName(m_hwnd, session);
 }

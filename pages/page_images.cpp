@@ -6,9 +6,13 @@
 
 namespace {
 
+constexpr int kImageSize = 24;
+constexpr int kMarkSize = 16;
+
 struct Strip {
     int bitmap;
     bool hasNotFittedImage;
+    int imageSize = kImageSize;
 };
 
 constexpr std::array<Strip, static_cast<std::size_t>(ImageStrip::Count)> kStrips{{
@@ -18,9 +22,9 @@ constexpr std::array<Strip, static_cast<std::size_t>(ImageStrip::Count)> kStrips
     {IDB_STAPLE, true},
     {IDB_PUNCH, true},
     {IDB_FOLD, true},
+    {IDB_FAVORITE_MARKS, false, kMarkSize},
 }};
 
-constexpr int kImageSize = 24;
 constexpr COLORREF kTransparent = 0xFF00FF;
 
 UniqueImageList LoadStrip(const Strip& strip, HICON notFitted) {
@@ -29,8 +33,8 @@ UniqueImageList LoadStrip(const Strip& strip, HICON notFitted) {
         return {};
     }
     UniqueImageList images(ImageList_LoadImageA(static_cast<HINSTANCE>(StringModule()),
-                                                MAKEINTRESOURCEA(strip.bitmap), kImageSize, 0, kTransparent,
-                                                IMAGE_BITMAP, LR_CREATEDIBSECTION | LR_SHARED));
+                                                MAKEINTRESOURCEA(strip.bitmap), strip.imageSize, 0,
+                                                kTransparent, IMAGE_BITMAP, LR_CREATEDIBSECTION | LR_SHARED));
     if (!images) {
         ZR_LOG("no bitmap %d\n", strip.bitmap);
         return {};

@@ -11,7 +11,7 @@
 #include <cstddef>
 
 // Bitmaps of images side by side.
-enum class ImageStrip { ColorModel, Duplex, NUP, Staple, Punch, Fold, Count };
+enum class ImageStrip { ColorModel, Duplex, NUP, Staple, Punch, Fold, FavoriteMarks, Count };
 
 // The lists of images, one for each strip.
 class PageImages {

@@ -33,20 +33,10 @@ class CustomFormNames {
     std::string m_otherName = LoadText(IDS_CUSTOM_FORM_OTHER);
 };
 
-std::uint32_t FormOfRow(HWND combo, int row) {
-    return static_cast<std::uint32_t>(SendMessageA(combo, CB_GETITEMDATA, static_cast<WPARAM>(row), 0));
-}
-
 // Each form has one row at most, so a form that is selected needs no search.
 void SelectForm(HWND combo, std::uint32_t form) {
-    const int selected = SelectedRow(combo);
-    if (selected >= 0 && FormOfRow(combo, selected) == form)
-        return;
-    const auto count = static_cast<int>(SendMessageA(combo, CB_GETCOUNT, 0, 0));
-    for (int row = 0; row < count; ++row) {
-        if (FormOfRow(combo, row) == form)
-            SelectRow(combo, static_cast<std::uint32_t>(row));
-    }
+    if (SelectedRow(combo) < 0 || static_cast<std::uint32_t>(SelectedNumber(combo)) != form)
+        SelectNumber(combo, form);
 }
 
 } // namespace

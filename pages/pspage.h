@@ -92,6 +92,13 @@ class CPSPageDlg {
     // can't be had, else 1.
     static int GetDriverResourcePath(PathBuffer& path);
 
+    // When the sheet ends: ends the job property application and removes the data setting key, both only if
+    // an instance of it runs on the machine.
+    static void DeleteRegistryKey();
+    static void ExitJobProperty();
+    // 1 if one runs, else 0 after two seconds.
+    static int JobPropertyProcessCheck();
+
     HWND m_hwnd;
     CProfileInfo* profile; // not owned
 
@@ -107,9 +114,6 @@ class CPSPageDlg {
     // Puts a keyword's label and a colon on a control; a keyword without a label leaves the template's
     // caption.
     void SetLabel(int labelId, int keyword);
-
-    // Ends the running job property application, if there is one.
-    static void DeleteRegistryKey();
 
     // Created once, by LoadWarningImage, and never destroyed.
     static HICON m_hIconWarning_16;

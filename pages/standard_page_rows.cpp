@@ -24,18 +24,10 @@ constexpr PageRow kRows[] = {
 #include "pages/standard_page_rows.def"
 };
 
-constexpr std::uint32_t kStapleTableRows = 22;
-constexpr std::uint32_t kFoldTableRows = 10;
-
 constexpr std::array kNUPImages{0, 1, 2, 3, 5, 6, 7};
 
 constexpr std::array kButtonsByValue{IDC_ORIENTATION_PORTRAIT, IDC_ORIENTATION_LANDSCAPE,
                                      IDC_ORIENTATION_ROTATED};
-
-void SelectTableRow(HWND combo, std::uint32_t value, std::uint32_t tableRows) {
-    if (value < tableRows)
-        SelectRow(combo, value);
-}
 
 int SpinPosition(std::uint32_t copies) {
     // While a number is being typed the bank has the spin's error flag above it.
@@ -151,8 +143,6 @@ void CStandardPageDlg::ShowRow(const PageRow& row, std::uint32_t value) {
     switch (row.shows) {
     case PageRowKind::Row:
     case PageRowKind::RowKeptInBank: SelectRow(control, value); break;
-    case PageRowKind::StapleRow: SelectTableRow(control, value, kStapleTableRows); break;
-    case PageRowKind::FoldRow: SelectTableRow(control, value, kFoldTableRows); break;
     case PageRowKind::OutputPaperSize: ShowOutputPaperSize(value, SW_SHOW); break;
     case PageRowKind::NUP: ShowNUP(value); break;
     case PageRowKind::Check: SendMessageA(control, BM_SETCHECK, value != 0, 0); break;
@@ -206,9 +196,7 @@ void CStandardPageDlg::SetRow(const PageRow& row, std::uint32_t value) {
     switch (row.shows) {
     case PageRowKind::Punch: UpdatePunchPair(row, 0); break;
     case PageRowKind::OutputPaperSize: ShowOutputPaperSize(value, SW_SHOWNORMAL); break;
-    case PageRowKind::NUP:
-    case PageRowKind::StapleRow:
-    case PageRowKind::FoldRow: SelectRow(GetDlgItem(m_hwnd, row.control), value); break;
+    case PageRowKind::NUP: SelectRow(GetDlgItem(m_hwnd, row.control), value); break;
     default: ShowRow(row, value); break;
     }
 }

@@ -7,8 +7,6 @@
 enum class PageRowKind {
     Row,             // the value is the selected row
     RowKeptInBank,   // the same; that the defaults are shown does not change the bank
-    StapleRow,       // the same for the rows of the page's staple table only
-    FoldRow,         // the same for the rows of the page's fold table only
     OutputPaperSize, // the same; the last row has a button of its own
     NUP,             // the same, in rows that the first showing makes
     Check,           // checked for any value but 0

@@ -19,12 +19,7 @@ namespace {
 // What an application asks the page with whether it is there.
 constexpr UINT kFirstUserMessage = WM_USER + 100;
 
-struct ButtonCaption {
-    int button;
-    unsigned text;
-};
-
-constexpr ButtonCaption kButtonCaptions[] = {
+constexpr Caption kButtonCaptions[] = {
     {IDC_SAVE_PRESET, IDS_SAVE_PRESET},
     {IDC_DELETE_PRESET, IDS_DELETE_PRESET},
     {IDC_JOB_NAME_BUTTON, IDS_JOB_NAME_BUTTON},
@@ -48,16 +43,16 @@ int CStandardPageDlg::OnInitDialog(WPARAM, const PROPSHEETPAGEA* page) {
     ZR_LOG("language=%s\n", LoadText(IDS_LANGUAGE).c_str());
     SessionBlock* session = StoreSession(page);
     CreateToolTip(m_hwnd);
-    CreatePrintOptionList();
+    CreatePrintOptionList(session);
     CreateDataDirectories();
     InitPresetCombo();
     Initialize(session, 0);
-    return StartJobProperty();
+    return StartJobProperty(session);
 }
 
 int CStandardPageDlg::Initialize(SessionBlock* session, int useDefault) {
     ZR_LOG_ENTRY();
-    SetServerAddress();
+    SetServerAddress(session);
     LoadDeviceDataFiles();
     EnableDeletePreset();
     if (!HideUnusedControls())
@@ -83,14 +78,6 @@ void CStandardPageDlg::LoadDeviceDataFiles() {
     }
 }
 
-void CStandardPageDlg::EnableDeletePreset() {
-    const HWND presets = GetDlgItem(m_hwnd, IDC_PRESET);
-    const std::string preset = RowText(presets, SelectedRow(presets));
-    const bool isChanged = preset.find(LoadText(IDS_PRESET_CHANGED)) != std::string::npos;
-    const bool isStandard = preset == LoadText(IDS_PRESET_STANDARD);
-    EnableWindow(GetDlgItem(m_hwnd, IDC_DELETE_PRESET), !isChanged && !isStandard);
-}
-
 bool CStandardPageDlg::HideUnusedControls() {
     const HWND bypass = GetDlgItem(m_hwnd, IDC_MEDIA_TYPE_BYPASS);
     const HWND rotated = GetDlgItem(m_hwnd, IDC_ORIENTATION_ROTATED);
@@ -104,11 +91,11 @@ bool CStandardPageDlg::HideUnusedControls() {
 }
 
 void CStandardPageDlg::SetButtonCaptions() {
-    for (const ButtonCaption& caption : kButtonCaptions) {
+    for (const Caption& caption : kButtonCaptions) {
         // The buttons behind the first one that is missing keep the template's captions.
-        if (!GetDlgItem(m_hwnd, caption.button))
+        if (!GetDlgItem(m_hwnd, caption.control))
             return;
-        SetCaption(m_hwnd, caption.button, LoadText(caption.text));
+        SetCaption(m_hwnd, caption.control, LoadText(caption.text));
     }
 }
 

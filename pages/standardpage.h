@@ -10,10 +10,12 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <vector>
 
 INT_PTR CALLBACK StandardPageProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 
+class CFavoriteSetting;
 enum class PageRowId;
 struct PageRow;
 struct StandardPageInit;
@@ -41,7 +43,7 @@ class CStandardPageDlg : public CPSPageDlg {
     //   none, whichever page is active.
     // - SetX shows a value and writes nothing. SetPunch shows the Current bank's pair.
     // A control that is missing makes them do nothing. Any number is a possible value; one without a row
-    // selects none.
+    // selects none, but for a punch pair, which leaves the row as it is.
 #define ZR_PAGE_ROW(name, transferName, setting, control, label, shows)                                      \
     void Init##name(SessionBlock* session, int useDefault);                                                  \
     void Update##name(SessionBlock* session, int useDefault);                                                \
@@ -94,20 +96,40 @@ class CStandardPageDlg : public CPSPageDlg {
     void OnMediaType();
     void OnMediaTypeBypass();
 
-    // The favourites (pages/presets.cpp).
+    // The favourites: the combo box's rows and the mark on them (pages/preset_combo.cpp) and its buttons
+    // (pages/presets.cpp). Row 0 stands for the standard settings; behind the row of a preset that the
+    // settings have been changed from stands a marked one, which is then the selected one.
     void InitPresetCombo();
+    void UpdatePresetCombo();
+    // The row of exactly this text, row 0 if there is none.
+    void SelectPreset(const std::string& name);
+    // Marks the selected preset if the settings differ from it; takes the mark away if they don't.
+    void UpdateChangeItemPresetCombo();
+    // The row before it is selected if it was itself, but for row 0.
+    void RemoveMarkedRow();
+    void RemoveUnselectedMarkedRow();
     void OnPresetSelChange();
     void OnSavePreset();
     void OnDeletePreset();
     void OnFavoriteExportImport();
-    // The mark on the combo's text that the settings differ from the favourite.
-    void UpdateChangeItemPresetCombo();
+
+    // The store's defaults and the constants of a reset, without a look at the controls.
     void RevertToDefault(SessionBlock* session);
 
-    // The job property application (pages/job_property_link.cpp).
-    void SetServerAddress();
-    void CreatePrintOptionList();
-    int StartJobProperty();
+    // The job property application (pages/job_property_*.cpp).
+    //
+    // Puts the print server's address into the store.
+    void SetServerAddress(SessionBlock* session);
+    // Reads the address that is kept with the printer, as other machines reach it: 1 if the spooler gave what
+    // it has, which may be no text and then leaves `address` as it is, else 0.
+    static int GetIpAddressFromRegstry(HANDLE printer, std::span<char, 128> address, const char* serverName);
+    // Makes the setting manager, with the standard settings of the file beside the module.
+    void CreatePrintOptionList(SessionBlock* session);
+    // Starts the application in the background: 1, or 0 if it can't be started.
+    int StartJobProperty(SessionBlock* session);
+    // Shows the application's window and waits for its end; then the store holds what the application has
+    // left. 0 if it can't be started. The settings are as they were then, and also after a 1 for an
+    // application that can't be waited for.
     int DoModalPrintOptionUI();
 
     // The job name (pages/job_name.cpp). The dialog gives IDOK or what else ended it, and TakeOverJobName
@@ -140,7 +162,13 @@ class CStandardPageDlg : public CPSPageDlg {
     // failed stays, and the page opens with it.
     void LoadDeviceDataFiles();
 
+    // Only an unmarked favourite can be deleted.
     void EnableDeletePreset();
+    std::string SelectedPreset() const;
+    void TakeSelectedPreset();
+    // Gives the favourite the form that has the name of its document size now.
+    void FindPageSizeOf(CFavoriteSetting& favorite) const;
+    int AskAboutPreset(unsigned question) const;
     // Hides what the page never shows. False if one of the controls that it cannot be without is missing.
     bool HideUnusedControls();
     void SetButtonCaptions();

@@ -1,12 +1,11 @@
-// The dialog templates as they stand, without the procedures of their dialogs. 1300 to 1398 and so on are the
-// ids of resources/resource.h.
+// The dialog templates as they stand, without the procedures of their dialogs.
 #include "pages/controls.h"
+#include "tests/pages/dialog_controls.h"
 #include "tests/pages/dialog_windows.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <map>
 #include <string>
@@ -15,15 +14,6 @@
 #include <commctrl.h>
 
 namespace {
-
-constexpr int kStandardPage = 1066;
-constexpr int kAdvancedPage = 4007;
-constexpr int kCustomPage = 102;
-constexpr int kMediaType = 4003;
-constexpr int kMediaTypeBypass = 4005;
-constexpr int kMediaTypeAutoTray = 4006;
-constexpr std::array kTemplates{kStandardPage, kAdvancedPage,    kCustomPage,
-                                kMediaType,    kMediaTypeBypass, kMediaTypeAutoTray};
 
 INT_PTR CALLBACK NoProcedure(HWND, UINT, WPARAM, LPARAM) {
     return FALSE;
@@ -95,8 +85,12 @@ struct DialogSize {
 };
 
 TEST(DialogTemplates, HaveTheirSizes) {
-    for (const auto& [id, width, height] :
-         {DialogSize{kStandardPage, 539, 360}, {kAdvancedPage, 539, 360}, {kCustomPage, 263, 104}}) {
+    for (const auto& [id, width, height] : {DialogSize{kStandardPage, 539, 360},
+                                            {kAdvancedPage, 539, 360},
+                                            {kCustomPage, 263, 104},
+                                            {kJobName, 263, 88},
+                                            {kSavePreset, 263, 68},
+                                            {kFavorites, 320, 154}}) {
         const Template dialog(id);
         // A page has a caption in its template, which the property sheet takes off.
         RECT client{};
@@ -115,114 +109,13 @@ TEST(DialogTemplates, GiveThePreviewRoomForItsPictureEvenWhereAUnitIsOneAndAHalf
     EXPECT_GE(place.bottom - place.top, std::max(136L, least.cy));
 }
 
-enum class Kind { Text, Sorted, Plain, Extended, Check, Radio, Group, Button, Number, Edit, Spin, Drawn };
-
-struct ExpectedControl {
-    int id;
-    Kind kind;
-    int label = 0; // of the control that stands directly before this one
-};
-
-using Controls = std::vector<ExpectedControl>;
-
-const std::map<int, Controls> kControls{{kStandardPage,
-                                         {{5000, Kind::Sorted, 1294},
-                                          {5001, Kind::Plain, 1295},
-                                          {5002, Kind::Extended, 1296},
-                                          {1244, Kind::Check},
-                                          {6010, Kind::Extended, 6009},
-                                          {1291, Kind::Extended, 1290},
-                                          {6014, Kind::Extended, 1109},
-                                          {1336, Kind::Group},
-                                          {6001, Kind::Radio, 1336},
-                                          {6002, Kind::Radio, 6001},
-                                          {6000, Kind::Radio, 6002},
-                                          {6004, Kind::Number, 6003},
-                                          {6005, Kind::Spin, 6004},
-                                          {1281, Kind::Extended, 1370},
-                                          {1277, Kind::Extended, 1276},
-                                          {1257, Kind::Extended, 1298},
-                                          {1275, Kind::Check},
-                                          {1278, Kind::Check},
-                                          {1273, Kind::Extended, 1299},
-                                          {1155, Kind::Extended, 1132},
-                                          {1156, Kind::Extended, 1133},
-                                          {1285, Kind::Drawn},
-                                          {1300, Kind::Extended, 1213},
-                                          {1214, Kind::Button},
-                                          {1215, Kind::Button},
-                                          {1398, Kind::Button},
-                                          {1216, Kind::Button},
-                                          {1225, Kind::Text},
-                                          {1329, Kind::Button},
-                                          {1337, Kind::Button},
-                                          {1279, Kind::Button},
-                                          {1280, Kind::Button},
-                                          {1035, Kind::Button},
-                                          {1012, Kind::Button},
-                                          {1243, Kind::Text}}},
-                                        {kAdvancedPage, {{1363, Kind::Extended, 1399}, {1362, Kind::Button}}},
-                                        {kCustomPage,
-                                         {{1404, Kind::Group},
-                                          {1330, Kind::Edit, 1315},
-                                          {1316, Kind::Text},
-                                          {1326, Kind::Edit, 1406},
-                                          {1317, Kind::Text},
-                                          {1405, Kind::Group},
-                                          {1318, Kind::Radio},
-                                          {1319, Kind::Radio, 1318},
-                                          {1320, Kind::Radio, 1319},
-                                          {1333, Kind::Plain, 1407},
-                                          {1321, Kind::Button},
-                                          {1322, Kind::Button},
-                                          {1331, Kind::Button}}},
-                                        {kMediaTypeAutoTray,
-                                         {{1286, Kind::Extended, 60000},
-                                          {1375, Kind::Number, 1374},
-                                          {1025, Kind::Spin, 1375},
-                                          {1408, Kind::Text},
-                                          {1303, Kind::Extended, 1304},
-                                          {1258, Kind::Extended, 60001},
-                                          {1, Kind::Button},
-                                          {2, Kind::Button},
-                                          {1012, Kind::Button}}},
-                                        {kMediaTypeBypass,
-                                         {{1328, Kind::Check},
-                                          {1286, Kind::Extended, 60000},
-                                          {1375, Kind::Number, 1374},
-                                          {1025, Kind::Spin, 1375},
-                                          {1408, Kind::Text},
-                                          {1303, Kind::Extended, 1304},
-                                          {1315, Kind::Extended, 1325},
-                                          {1258, Kind::Extended, 60001},
-                                          {1, Kind::Button},
-                                          {2, Kind::Button},
-                                          {1012, Kind::Button}}},
-                                        {kMediaType,
-                                         {{1286, Kind::Extended, 60000},
-                                          {1402, Kind::Number, 1400},
-                                          {1401, Kind::Spin, 1402},
-                                          {1375, Kind::Number, 1374},
-                                          {1025, Kind::Spin, 1375},
-                                          {1408, Kind::Text},
-                                          {1342, Kind::Number, 1304},
-                                          {1024, Kind::Spin, 1342},
-                                          {1409, Kind::Text},
-                                          {1258, Kind::Extended, 60001},
-                                          {1287, Kind::Extended, 60002},
-                                          {1288, Kind::Extended, 60003},
-                                          {1290, Kind::Extended, 60005},
-                                          {1289, Kind::Extended, 60004},
-                                          {1, Kind::Button},
-                                          {2, Kind::Button},
-                                          {1012, Kind::Button}}}};
-
 struct KindLook {
     const char* className;
     LONG_PTR mask;
     LONG_PTR style;
 };
 
+constexpr LONG_PTR kLines = ES_MULTILINE | ES_WANTRETURN | ES_NUMBER | ES_READONLY;
 constexpr LONG_PTR kComboType = CBS_DROPDOWNLIST | CBS_SORT;
 constexpr LONG_PTR kSpin = UDS_AUTOBUDDY | UDS_SETBUDDYINT | UDS_NOTHOUSANDS | UDS_ARROWKEYS;
 
@@ -240,6 +133,10 @@ KindLook LookOf(Kind kind) {
     case Kind::Button: return {WC_BUTTONA, BS_TYPEMASK & ~BS_DEFPUSHBUTTON, BS_PUSHBUTTON};
     case Kind::Number: return {WC_EDITA, ES_NUMBER | ES_READONLY, ES_NUMBER};
     case Kind::Edit: return {WC_EDITA, ES_NUMBER | ES_READONLY, 0};
+    // Return is not for the edit but for the dialog.
+    case Kind::Lines: return {WC_EDITA, kLines, ES_MULTILINE};
+    // Its rows stand as they are added.
+    case Kind::List: return {WC_LISTBOXA, LBS_NOTIFY | LBS_SORT | LBS_MULTIPLESEL, LBS_NOTIFY};
     case Kind::Spin: return {UPDOWN_CLASSA, kSpin, kSpin};
     }
     return {};
@@ -395,7 +292,8 @@ TEST(DialogTemplates, HideWhatThePageNeverShows) {
 }
 
 TEST(DialogTemplates, HaveADefaultButtonInEachDialog) {
-    for (const int id : {kCustomPage, kMediaType, kMediaTypeBypass, kMediaTypeAutoTray}) {
+    for (const int id :
+         {kCustomPage, kMediaType, kMediaTypeBypass, kMediaTypeAutoTray, kJobName, kSavePreset, kFavorites}) {
         const Template dialog(id);
         const LRESULT button = SendMessageA(dialog.Dialog(), DM_GETDEFID, 0, 0);
         EXPECT_EQ(HIWORD(button), DC_HASDEFID) << id;

@@ -99,15 +99,12 @@ inline void MoveFocus(HWND dialog, int controlId) {
     SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, controlId)), TRUE);
 }
 
-// Goes to the edit and types the text in place of what it holds.
+// Goes to the edit and puts the text in place of what it holds, as an input method does: no single byte
+// message types a double-byte character.
 inline void TypeInto(HWND dialog, int controlId, const std::string& text) {
     MoveFocus(dialog, controlId);
-    const HWND edit = GetDlgItem(dialog, controlId);
-    SendMessageA(edit, EM_SETSEL, 0, -1);
-    if (text.empty())
-        SendMessageA(edit, WM_CLEAR, 0, 0);
-    for (const char c : text)
-        SendMessageA(edit, WM_CHAR, static_cast<WPARAM>(static_cast<unsigned char>(c)), 1);
+    SendDlgItemMessageA(dialog, controlId, EM_SETSEL, 0, -1);
+    SendDlgItemMessageA(dialog, controlId, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
 // Comes to the focused control through the dialog's own message loop.

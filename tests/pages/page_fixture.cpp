@@ -1,6 +1,7 @@
 #include "tests/pages/page_fixture.h"
 
 #include "pages/controls.h"
+#include "settings/SettingManager.h"
 
 namespace {
 
@@ -43,6 +44,8 @@ PageTest::PageTest() {
     block.hResultPage = reinterpret_cast<HANDLE>(0x52);
     block.pfnComPropSheet = ComPropSheet;
     CSessionAccessor::Instance()->SetSession(&block);
+    // A manager that is there already reads no standard settings over the defaults that a test sets.
+    CSettingManager::GetSettingManager();
     ForgetChanges();
     sheetCalls.clear();
     m_sheet = CreateWindowA(SheetClass(), "", WS_POPUP, 0, 0, 600, 400, nullptr, nullptr, nullptr, nullptr);
@@ -50,6 +53,7 @@ PageTest::PageTest() {
 
 PageTest::~PageTest() {
     DestroyWindow(m_sheet);
+    CSettingManager::Destroy();
     CSessionAccessor::Release();
 }
 

@@ -4,6 +4,7 @@
 #include "pages/pspage.h"
 #include "session/datamanager.h"
 #include "session/session.h"
+#include "tests/support/recording_runner.h"
 
 #include <gtest/gtest.h>
 
@@ -47,6 +48,8 @@ class PageTest : public testing::Test {
     static LRESULT Notify(HWND page, UINT code, LPARAM lParam = 0);
 
     SessionBlock block{};
+    // No page starts a process or waits for one: none runs, and each that is to start does.
+    RecordingRunner runner;
 
   private:
     struct BoundItem {
@@ -54,6 +57,7 @@ class PageTest : public testing::Test {
         OPTITEM item{};
     };
 
+    ReplacedProcessRunner m_replacedRunner{runner};
     PrivateDevMode m_record{};
     std::map<int, BoundItem> m_items;
     HWND m_sheet = nullptr;

@@ -49,13 +49,13 @@ TEST_F(StandardPageSizes, SelectTheFormOfEachValue) {
     }
 }
 
-TEST_F(StandardPageSizes, KeepTheRowForAValueWithoutAForm) {
+TEST_F(StandardPageSizes, SelectNoRowForAValueWithoutAForm) {
     HaveForms({"Letter", "A4"});
     for (const std::uint32_t value : {2u, 22u, 65535u, 0x10001u, 0xFFFFFFFFu}) {
         Initialize(1);
         ExportedFunc_SetCurrent(0, value);
         Page().UpdatePageSize(&block, 0);
-        EXPECT_EQ(SelectedText(), "A4") << value;
+        EXPECT_EQ(Row(5000), -1) << value;
         EXPECT_EQ(Current(0), value);
         Initialize(value);
         EXPECT_EQ(Row(5000), -1) << value;

@@ -65,9 +65,7 @@ struct Effect {
 const std::vector<Effect> kEffects{
     {1155, {kGate, "ApplyPunch", kPreview, kMark}},
     {1156, {kGate, "ApplyFold", kPreview, kMark}},
-    {1214, {"OnSavePreset"}},
-    {1215, {"OnDeletePreset"}},
-    {1216, {"DoModalJobName"}},
+    {1214, {"OnSavePreset"}}, // a page without page sizes asks for nothing
     {1244, {"ApplyOnCenter", kMark}},
     {1257, {"ApplyJog", kMark}},
     {1273, {kGate, "ApplyStaple", kPreview, kMark}},
@@ -76,7 +74,6 @@ const std::vector<Effect> kEffects{
     {1278, {"ApplyPageOrder", kPreview, kMark}},
     {1281, {kGate, "ApplySource", kMark}},
     {1291, {"ApplyColorModel", kPreview, kMark}},
-    {1398, {"OnFavoriteExportImport"}},
     {5000, {"ApplyPageSize", kMark}},
     {5001, {"ApplyOutputPaperSize", kMark}},
     {5002, {"ApplyFitSize", kMark}},
@@ -97,7 +94,7 @@ const std::vector<Effect> kEffects{
     {9999, {}},
 };
 
-constexpr int kDialogButtons[] = {1279, 1280, 1329, 1337};
+constexpr int kDialogButtons[] = {1215, 1216, 1279, 1280, 1329, 1337, 1398};
 
 class StandardPageCommands : public LoggedStandardPage {};
 
@@ -240,7 +237,8 @@ class StandardPageMessages : public StandardPageDriver {};
 TEST_F(StandardPageMessages, OfAnyNumberChangeNothingThatTheControlsDoNotShow) {
     const Settings shown{{Copies, 5},          {DuplexMode, 2}, {NUP, 3},           {Tray, 2},
                          {OutputTray, 1},      {OffsetMode, 1}, {FittenToPaper, 2}, {ColorMode, 1},
-                         {PageOrientation, 1}, {Collate, 1},    {Punch, 1},         {PunchHoles, 2}};
+                         {PageOrientation, 1}, {Collate, 1},    {Punch, 1},         {PunchHoles, 2},
+                         {Scale, 100}};
     OpenWith(shown, shown);
     const CurrentBank before = WholeBank();
     for (int code : {0, 1, 512, 768})
@@ -251,7 +249,7 @@ TEST_F(StandardPageMessages, OfAnyNumberChangeNothingThatTheControlsDoNotShow) {
 }
 
 TEST_F(StandardPageMessages, OfAnyNumberAndNotificationDoNothingToAPageWithoutControls) {
-    OpenWith();
+    OpenWith({{Copies, 1}}); // what an application hands back for none
     page = Open(IDD_TEST_PAGE, StandardPageProc);
     const CurrentBank before = WholeBank();
     for (int id = 0; id <= 0xFFFF; ++id)

@@ -170,7 +170,7 @@ TEST_F(StandardPageInit, NeverHidesTheTrays) {
 TEST_F(StandardPageInit, StopsAtAHiddenControlSoThatItsDefaultIsNotTaken) {
     ExportedFunc_SetDefault(111, 3);
     ExportedFunc_SetCurrent(111, 7);
-    Initialize(1);
+    Page().InitStaple(&block, 1);
     EXPECT_EQ(Current(111), 7u);
 }
 

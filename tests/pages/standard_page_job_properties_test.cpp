@@ -25,15 +25,30 @@ LRESULT CALLBACK NoteEnable(HWND window, UINT message, WPARAM wParam, LPARAM lPa
 
 TEST_F(JobProperties, DisableTheButtonForTheirLength) {
     OpenWith();
+    runner.startError = ERROR_FILE_NOT_FOUND;
     enabledStates.clear();
     SetWindowSubclass(Control(1035), NoteEnable, 1, 0);
-    EXPECT_EQ(Send(1035, 0), 0); // the application gives 0
+    EXPECT_EQ(Send(1035, 0), 0);
     RemoveWindowSubclass(Control(1035), NoteEnable, 1);
     EXPECT_EQ(enabledStates, (std::vector<WPARAM>{FALSE, TRUE}));
     EXPECT_TRUE(IsWindowEnabled(Control(1035)));
     EXPECT_EQ(CallsAmong({"OnConfig", "SaveData", "DoModalPrintOptionUI", "LoadData", kMark}),
               (Calls{"OnConfig", "SaveData", "DoModalPrintOptionUI"}));
     EXPECT_EQ(ChangesSeen(), 0);
+}
+
+TEST_F(JobProperties, AreTakenOverBehindAnApplicationThatHasEnded) {
+    OpenWith();
+    EXPECT_EQ(Send(1035, 0), 1);
+    const Calls order{"OnConfig", "SaveData", "DoModalPrintOptionUI", "LoadData", kMark};
+    EXPECT_EQ(CallsAmong(order), order);
+}
+
+TEST_F(JobProperties, AreNotTakenOverOnASheetThatHasGone) {
+    OpenWith();
+    runner.onWait = [this] { EndSession(); };
+    EXPECT_EQ(Send(1035, 0), 0);
+    EXPECT_EQ(CallsAmong({"LoadData", kMark}), Calls{});
 }
 
 TEST_F(JobProperties, FirstSaveWhatTheControlsShow) {
@@ -129,7 +144,9 @@ class JobName : public LoggedStandardPage {};
 
 TEST_F(JobName, IsNotShownAnewAfterACancel) {
     OpenWith();
-    Send(1216, 0);
+    auto dialog = CloseNextDialog(1221);
+    EXPECT_EQ(Send(1216, 0), 1);
+    EXPECT_TRUE(dialog.get());
     EXPECT_EQ(CallsAmong({"DoModalJobName", "ShowJobName"}), Calls{"DoModalJobName"});
 }
 

@@ -38,10 +38,6 @@ constexpr ListCase kChecks[] = {
     {"Sort", 109, 1275, 2, &Dlg::UpdateSort, &Dlg::GetCollate, &Dlg::SetCollate},
 };
 
-bool IsTableList(const ListCase& list) {
-    return list.keyword == 111 || list.keyword == 114;
-}
-
 class StandardPageRows : public BuiltStandardPage {
   protected:
     void Update(const ListCase& row, int useDefault = 0) { (Page().*row.update)(&block, useDefault); }
@@ -52,8 +48,6 @@ class StandardPageRows : public BuiltStandardPage {
 TEST_F(StandardPageRows, ShowTheRowOfEachValue) {
     for (const ListCase& list : kLists) {
         for (std::uint32_t value = 0; value < list.rows; ++value) {
-            if (list.keyword == 114 && value == 10)
-                continue; // below
             ExportedFunc_SetCurrent(list.keyword, value);
             Update(list);
             EXPECT_EQ(Row(list.control), static_cast<int>(value)) << list.name;
@@ -64,8 +58,6 @@ TEST_F(StandardPageRows, ShowTheRowOfEachValue) {
 
 TEST_F(StandardPageRows, SelectNoRowForAValueWithoutOneAndLeaveItInTheBank) {
     for (const ListCase& list : kLists) {
-        if (IsTableList(list))
-            continue;
         for (const std::uint32_t value : {list.rows, 65535u, 0xFFFFFFFFu}) {
             Select(list.control, 1);
             ExportedFunc_SetCurrent(list.keyword, value);
@@ -78,39 +70,10 @@ TEST_F(StandardPageRows, SelectNoRowForAValueWithoutOneAndLeaveItInTheBank) {
 
 TEST_F(StandardPageRows, ShowTheLowHalfOfAValue) {
     for (const ListCase& list : kLists) {
-        if (IsTableList(list))
-            continue;
         ExportedFunc_SetCurrent(list.keyword, 0x10001);
         Update(list);
         EXPECT_EQ(Row(list.control), 1) << list.name;
     }
-}
-
-TEST_F(StandardPageRows, OfStapleStayForAValueBeyondItsTable) {
-    for (const std::uint32_t value : {22u, 65535u, 0x10001u, 0xFFFFFFFFu}) {
-        Select(1273, 4);
-        ExportedFunc_SetCurrent(111, value);
-        Page().UpdateStaple(&block, 0);
-        EXPECT_EQ(Row(1273), 4) << value;
-        EXPECT_EQ(Current(111), value);
-    }
-}
-
-// The last row of the list has no row in its table.
-TEST_F(StandardPageRows, OfFoldStayForAValueBeyondItsTable) {
-    for (const std::uint32_t value : {10u, 11u, 65535u, 0x10001u, 0xFFFFFFFFu}) {
-        Select(1156, 4);
-        ExportedFunc_SetCurrent(114, value);
-        Page().UpdateFold(&block, 0);
-        EXPECT_EQ(Row(1156), 4) << value;
-        EXPECT_EQ(Current(114), value);
-    }
-}
-
-TEST_F(StandardPageRows, OfFoldAreSelectedWhenThePageIsBuiltTheLastOneToo) {
-    ExportedFunc_SetCurrent(114, 10);
-    ASSERT_EQ(Page().Initialize(&block, 0), 1);
-    EXPECT_EQ(Row(1156), 10);
 }
 
 TEST_F(StandardPageRows, CheckABoxForAnyValueButZeroAndLeaveItInTheBank) {

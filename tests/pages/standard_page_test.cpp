@@ -214,27 +214,18 @@ TEST_F(StandardPageWhole, WritesAndReportsNothingByShowingOtherCopies) {
     EXPECT_FALSE(OwnChanges::InProgress());
 }
 
-TEST_F(StandardPageWhole, TakesItsDefaultsButForTheTrayAndReportsNoChange) {
+TEST_F(StandardPageWhole, TakesTheDefaultsOfAllKeywordsAndReportsNoChange) {
     FitWholeFinisher();
-    for (const int keyword : kKeywords) {
-        ExportedFunc_SetDefault(keyword, 1);
+    Bank expected;
+    for (int keyword = 0; keyword < 327; ++keyword) {
+        const bool isShown = std::ranges::find(kKeywords, keyword) != kKeywords.end();
+        expected[keyword] = isShown ? 1 : Current(keyword) + 9;
+        ExportedFunc_SetDefault(keyword, expected[keyword]);
         ExportedFunc_SetCurrent(keyword, 0);
     }
-    for (int keyword = 0; keyword < 327; ++keyword) {
-        if (std::ranges::find(kKeywords, keyword) == kKeywords.end())
-            ExportedFunc_SetDefault(keyword, Current(keyword) + 9);
-    }
-    const Bank before = CurrentBank();
     ForgetChanges();
     ASSERT_EQ(Page().Initialize(&block, 1), 1);
-    Bank expected = before;
-    for (const int keyword : kKeywords)
-        expected[keyword] = 1;
-    expected[4] = 0;
-    expected[0] = before.at(0) + 9; // the document's size is a setting of the page, too
-    expected[300] = Current(300);   // the sheet follows the output size
-    for (const auto& [keyword, value] : CurrentBank())
-        EXPECT_EQ(value, expected[keyword]) << keyword;
+    EXPECT_EQ(CurrentBank(), expected);
     EXPECT_EQ(ChangesSeen(), 0);
 }
 
