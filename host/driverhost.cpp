@@ -63,6 +63,8 @@ int ShowSheet(const Options& options) {
     const Installed installed = Install(options);
     if (!installed.error.empty())
         return Fail(installed.error);
+    if (!installed.lacking.empty())
+        PrintError("driverhost: " + installed.lacking + "\n");
     const DriverModule driver(installed.driverDirectory);
     if (!driver.Trouble().empty())
         return Fail(driver.Trouble());

@@ -16,6 +16,10 @@ namespace {
 
 constexpr std::size_t kTextLimit = 4096;
 
+bool IsList(HWND control) {
+    return HasClass(control, WC_LISTBOXW);
+}
+
 bool IsExtendedCombo(HWND control) {
     return HasClass(control, WC_COMBOBOXEXW);
 }
@@ -66,20 +70,29 @@ std::wstring ExtendedRowText(HWND combo, int row) {
     return item.pszText;
 }
 
-std::wstring RowText(HWND combo, int row) {
-    if (IsExtendedCombo(combo))
-        return ExtendedRowText(combo, row);
-    const LRESULT length = SendMessageW(combo, CB_GETLBTEXTLEN, static_cast<WPARAM>(row), 0);
-    if (length < 0)
-        return L"";
-    // Of an ANSI box the length may count bytes; it is never below the characters.
-    std::vector<wchar_t> buffer(static_cast<std::size_t>(length) + 2);
-    SendMessageW(combo, CB_GETLBTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(buffer.data()));
-    return buffer.data();
+// The messages by which the rows of a combo box or of a list are asked for.
+struct RowMessages {
+    UINT count, selected, textLength, text;
+};
+constexpr RowMessages kComboMessages{CB_GETCOUNT, CB_GETCURSEL, CB_GETLBTEXTLEN, CB_GETLBTEXT};
+constexpr RowMessages kListMessages{LB_GETCOUNT, LB_GETCURSEL, LB_GETTEXTLEN, LB_GETTEXT};
+
+const RowMessages& MessagesOf(HWND control) {
+    return IsList(control) ? kListMessages : kComboMessages;
 }
 
-int RowCount(HWND combo) {
-    return static_cast<int>(SendMessageW(combo, CB_GETCOUNT, 0, 0));
+// A list's row is clicked at, as by mouse: the list itself selects it and notifies its parent.
+std::string ClickRow(HWND list, int row) {
+    SendMessageW(list, LB_SETTOPINDEX, static_cast<WPARAM>(row), 0);
+    RECT place{};
+    if (SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place)) ==
+        LB_ERR)
+        return "the row has no place";
+    const LPARAM point = MAKELPARAM(place.left + 2, (place.top + place.bottom) / 2);
+    SendMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON, point);
+    if (IsWindow(list))
+        SendMessageW(list, WM_LBUTTONUP, 0, point);
+    return "";
 }
 
 std::wstring TabTitle(HWND tab, int index) {
@@ -96,9 +109,46 @@ HWND TabControl(HWND sheet) {
     return reinterpret_cast<HWND>(SendMessageW(sheet, PSM_GETTABCONTROL, 0, 0));
 }
 
+// The thread of another process has to move its focus itself.
+void GiveFocus(HWND control) {
+    if (GetWindowThreadProcessId(control, nullptr) == GetCurrentThreadId())
+        SetFocus(control);
+    else
+        SendMessageW(GetParent(control), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+}
+
+// The control with the keyboard focus of the window's thread, whosever that is.
+HWND FocusOf(HWND window) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info) ? info.hwndFocus : nullptr;
+}
+
 void SendKeys(HWND edit, const std::wstring& text) {
     for (const wchar_t c : text)
         SendMessageW(edit, WM_CHAR, c == L'\n' ? L'\r' : c, 1);
+}
+
+// A combo box may have an edit field of its own.
+HWND EditOf(HWND control) {
+    if (!HasRows(control) || IsList(control))
+        return control;
+    const HWND combo =
+        IsExtendedCombo(control) ? FindWindowExW(control, nullptr, WC_COMBOBOXW, nullptr) : control;
+    const HWND edit = FindWindowExW(combo, nullptr, WC_EDITW, nullptr);
+    return edit ? edit : control;
+}
+
+struct ControlSearch {
+    int id;
+    HWND found;
+};
+
+BOOL CALLBACK NoteControl(HWND control, LPARAM param) {
+    auto& search = *reinterpret_cast<ControlSearch*>(param);
+    if (GetDlgCtrlID(control) == search.id && HasClass(GetParent(control), kDialogClass))
+        search.found = control;
+    return !search.found;
 }
 
 } // namespace
@@ -109,21 +159,49 @@ HWND FindControl(HWND front, int id) {
         if (const HWND control = page ? GetDlgItem(page, id) : nullptr)
             return control;
     }
-    return GetDlgItem(front, id);
+    if (const HWND control = GetDlgItem(front, id); control || IsSheet(front))
+        return control;
+    ControlSearch search{id, nullptr};
+    EnumChildWindows(front, NoteControl, reinterpret_cast<LPARAM>(&search));
+    return search.found;
 }
 
-bool IsCombo(HWND control) {
-    return HasClass(control, WC_COMBOBOXW) || IsExtendedCombo(control);
+bool HasRows(HWND control) {
+    return IsList(control) || HasClass(control, WC_COMBOBOXW) || IsExtendedCombo(control);
+}
+
+int RowCount(HWND control) {
+    return static_cast<int>(SendMessageW(control, MessagesOf(control).count, 0, 0));
+}
+
+int SelectedRow(HWND control) {
+    return static_cast<int>(SendMessageW(control, MessagesOf(control).selected, 0, 0));
+}
+
+std::wstring RowText(HWND control, int row) {
+    if (IsExtendedCombo(control))
+        return ExtendedRowText(control, row);
+    const RowMessages& messages = MessagesOf(control);
+    const LRESULT length = SendMessageW(control, messages.textLength, static_cast<WPARAM>(row), 0);
+    if (length < 0)
+        return L"";
+    // Of an ANSI control the length may count bytes; it is never below the characters.
+    std::vector<wchar_t> buffer(static_cast<std::size_t>(length) + 2);
+    SendMessageW(control, messages.text, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(buffer.data()));
+    return buffer.data();
 }
 
 std::string ChooseRow(HWND combo, int row) {
-    if (!IsCombo(combo))
+    if (!HasRows(combo))
         return "the control is no combo box";
     if (std::string reason = WhyUnusable(combo); !reason.empty())
         return reason;
     const int count = RowCount(combo);
     if (row < 0 || row >= count)
-        return "the combo box has " + std::to_string(count) + " rows, counted from 0";
+        return "the " + std::string(IsList(combo) ? "list" : "combo box") + " has " + std::to_string(count) +
+               " rows, counted from 0";
+    if (IsList(combo))
+        return ClickRow(combo, row);
     const ComboNotifier notifier(combo);
     notifier.Focus();
     notifier.Notify(CBN_DROPDOWN);
@@ -135,7 +213,7 @@ std::string ChooseRow(HWND combo, int row) {
 }
 
 std::string ChooseText(HWND combo, const std::wstring& text) {
-    if (!IsCombo(combo))
+    if (!HasRows(combo))
         return "the control is no combo box";
     std::string rows;
     for (int row = 0; row < RowCount(combo); ++row) {
@@ -169,14 +247,15 @@ std::string Check(HWND button, bool on) {
     return "";
 }
 
-std::string TypeText(HWND edit, const std::wstring& text) {
+std::string TypeText(HWND control, const std::wstring& text) {
+    const HWND edit = EditOf(control);
     if (!HasClass(edit, WC_EDITW))
         return "the control is no edit field";
     if (std::string reason = WhyUnusable(edit); !reason.empty())
         return reason;
     if (GetWindowLongPtrW(edit, GWL_STYLE) & ES_READONLY)
         return "the edit field can't be changed";
-    SetFocus(edit);
+    GiveFocus(edit);
     SendMessageW(edit, EM_SETSEL, 0, -1);
     SendMessageW(edit, WM_CLEAR, 0, 0);
     SendKeys(edit, text);
@@ -184,7 +263,7 @@ std::string TypeText(HWND edit, const std::wstring& text) {
 }
 
 std::string PressKey(HWND dialog, std::uint32_t key) {
-    const HWND focus = GetFocus();
+    const HWND focus = FocusOf(dialog);
     if (!focus || !(focus == dialog || IsChild(dialog, focus)))
         return "no control of the window in front has the focus";
     PostMessageW(focus, WM_KEYDOWN, key, 1);
@@ -212,8 +291,9 @@ std::wstring CurrentPage(HWND sheet) {
     return page < 0 ? L"" : TabTitle(tab, page);
 }
 
-int SelectedRow(HWND combo) {
-    return static_cast<int>(SendMessageW(combo, CB_GETCURSEL, 0, 0));
+bool HasFocus(HWND control) {
+    const HWND focus = FocusOf(control);
+    return focus && (focus == control || IsChild(control, focus));
 }
 
 bool IsChecked(HWND button) {
@@ -221,13 +301,16 @@ bool IsChecked(HWND button) {
 }
 
 std::wstring ShownText(HWND control) {
-    const bool list = IsCombo(control) && (GetWindowLongPtrW(control, GWL_STYLE) & 3) == CBS_DROPDOWNLIST;
-    if (list) {
+    const bool showsRow =
+        HasRows(control) &&
+        (IsList(control) || (GetWindowLongPtrW(control, GWL_STYLE) & 3) == CBS_DROPDOWNLIST);
+    if (showsRow) {
         const int row = SelectedRow(control);
         return row < 0 ? L"" : RowText(control, row);
     }
     std::vector<wchar_t> buffer(kTextLimit);
-    GetWindowTextW(control, buffer.data(), static_cast<int>(buffer.size()));
+    // Of another process's control nothing but the message gives the text.
+    SendMessageW(control, WM_GETTEXT, buffer.size(), reinterpret_cast<LPARAM>(buffer.data()));
     return buffer.data();
 }
 

@@ -1,5 +1,5 @@
 // Working on controls as a user does, and reading what they show. All of it runs on the thread of the
-// windows.
+// windows, unless they belong to another process.
 //
 // The acting functions return "" or why a user could not do it. A change is followed by the notifications
 // that the same change by mouse sends.
@@ -14,15 +14,17 @@
 namespace driverhost {
 
 // The control with this id: in the dialog in front, which for a sheet means on its current page or among its
-// own buttons. Null if there is none.
+// own buttons, or in a dialog inside that one. Null if there is none.
 HWND FindControl(HWND front, int id);
 
-bool IsCombo(HWND control);
-std::string ChooseRow(HWND combo, int row);
-std::string ChooseText(HWND combo, const std::wstring& text);
+// True for combo boxes and lists.
+bool HasRows(HWND control);
+std::string ChooseRow(HWND control, int row);
+std::string ChooseText(HWND control, const std::wstring& text);
 std::string Click(HWND button);
 std::string Check(HWND button, bool on);
-std::string TypeText(HWND edit, const std::wstring& text);
+// Into an edit field, also that of a combo box.
+std::string TypeText(HWND control, const std::wstring& text);
 // By its virtual code, to the control of the dialog that has the focus. The dialog's own loop deals with it.
 std::string PressKey(HWND dialog, std::uint32_t key);
 
@@ -30,9 +32,12 @@ std::string PressKey(HWND dialog, std::uint32_t key);
 std::string GoToPage(HWND sheet, const std::wstring& title);
 std::wstring CurrentPage(HWND sheet);
 
-int SelectedRow(HWND combo);
+int RowCount(HWND control);
+int SelectedRow(HWND control);
+std::wstring RowText(HWND control, int row);
+bool HasFocus(HWND control);
 bool IsChecked(HWND button);
-// The text that the control shows: of a combo box that of the selected row.
+// The text that the control shows: of a combo box or a list that of the selected row.
 std::wstring ShownText(HWND control);
 
 } // namespace driverhost

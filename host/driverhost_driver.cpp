@@ -67,7 +67,7 @@ class StagingFolder {
 
 Installed Outcome(const InstallResult& result) {
     return {result.ok ? "" : "the printer can't be installed: " + Utf8(result.message),
-            result.driverDirectory};
+            result.driverDirectory, Utf8(result.lacking)};
 }
 
 Installed InstallWithDescription(const std::wstring& printer, const std::wstring& description) {
@@ -78,8 +78,9 @@ Installed InstallWithDescription(const std::wstring& printer, const std::wstring
     staging.Take(program + package.configFile, package.configFile);
     for (const std::wstring& file : package.dependentFiles)
         staging.Take(program + file, file);
+    staging.Take(program + package.application, package.application);
     if (!staging.Take(description, package.dataFile))
-        return {"the device description " + Utf8(description) + " can't be copied", L""};
+        return {"the device description " + Utf8(description) + " can't be copied", L"", ""};
     return Outcome(InstallPrinter(staging.Path(), printer, package));
 }
 
@@ -121,7 +122,7 @@ Installed Install(const Options& options) {
     const std::wstring description =
         options.ppd.empty() ? ProgramFolder() + L"\\" + DriverPackage().dataFile : Wide(options.ppd);
     if (std::string error = ReadDescription(description); !error.empty())
-        return {error, L""};
+        return {error, L"", ""};
     return options.ppd.empty() ? Outcome(InstallPrinter(ProgramFolder(), printer))
                                : InstallWithDescription(printer, description);
 }

@@ -14,6 +14,7 @@ namespace driverhost {
 struct Installed {
     std::string error;            // UTF-8; "" if the printer is there
     std::wstring driverDirectory; // where the spooler keeps the driver's files
+    std::string lacking;          // UTF-8; what the printer has to do without, "" if nothing
 };
 
 // Brings driver and printer in from the files beside the program, the device description from where the

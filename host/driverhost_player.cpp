@@ -1,16 +1,20 @@
 #include "host/driverhost_player.h"
 
 #include "host/driverhost_controls.h"
+#include "host/driverhost_programs.h"
 #include "host/driverhost_sheet_thread.h"
 #include "host/driverhost_store.h"
 #include "host/driverhost_text.h"
 #include "host/driverhost_windows.h"
+#include "host/driverhost_work.h"
 #include "host/screenshot.h"
 #include "host/wide.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
+#include <future>
 #include <thread>
 #include <utility>
 
@@ -32,71 +36,13 @@ constexpr auto kShowLimit = std::chrono::seconds(1);
 // back, such as the click behind two dialogs of which the last has just ended.
 constexpr auto kStayLimit = std::chrono::milliseconds(500);
 constexpr auto kLookAgain = std::chrono::milliseconds(10);
+// How long what a script does in another program or expects of it may take to come true: such a program acts
+// in its own time.
+constexpr auto kProgramLimit = std::chrono::seconds(2);
 
 std::string Seconds(std::chrono::milliseconds time) {
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time).count();
     return std::to_string(seconds) + (seconds == 1 ? " second" : " seconds");
-}
-
-// What stands in a message box.
-std::wstring MessageOf(HWND box) {
-    return ShownText(GetDlgItem(box, kMessageText));
-}
-
-std::string Mismatch(const std::string& what, const std::string& found, const std::string& wanted) {
-    return found == wanted ? "" : what + " is " + found + ", expected " + wanted;
-}
-
-std::string Shown(bool on, std::string_view yes, std::string_view no) {
-    return std::string(on ? yes : no);
-}
-
-// One control action or expectation, on the sheet's thread.
-std::string WorkOn(HWND front, const Action& action) {
-    const HWND control = FindControl(front, action.control);
-    const std::string name = "control " + std::to_string(action.control);
-    if (!control)
-        return "there is no " + name;
-    const auto about = [&](std::string error) { return error.empty() ? error : name + ": " + error; };
-    switch (action.verb) {
-    case Verb::Choose:
-        return about(action.row ? ChooseRow(control, *action.row) : ChooseText(control, Wide(action.text)));
-    case Verb::Press:
-    case Verb::Click: return about(Click(control));
-    case Verb::Check: return about(Check(control, action.number != 0));
-    case Verb::Type: return about(TypeText(control, Wide(action.text)));
-    case Verb::ExpectRow:
-        if (!IsCombo(control))
-            return about("the control is no combo box");
-        return Mismatch("the row of " + name, std::to_string(SelectedRow(control)),
-                        std::to_string(*action.row));
-    case Verb::ExpectText:
-        return Mismatch("the text of " + name, Quoted(Utf8(ShownText(control))), Quoted(action.text));
-    case Verb::ExpectEnabled:
-    case Verb::ExpectDisabled:
-        return Mismatch(name, Shown(IsWindowEnabled(control), "enabled", "disabled"),
-                        Shown(action.verb == Verb::ExpectEnabled, "enabled", "disabled"));
-    case Verb::ExpectVisible:
-    case Verb::ExpectHidden:
-        return Mismatch(name, Shown(IsWindowVisible(control), "visible", "hidden"),
-                        Shown(action.verb == Verb::ExpectVisible, "visible", "hidden"));
-    case Verb::ExpectChecked:
-        return Mismatch(name, Shown(IsChecked(control), "on", "off"), Shown(action.number != 0, "on", "off"));
-    default: return "no action on a control";
-    }
-}
-
-std::string ExpectMessage(HWND front, const std::string& wanted) {
-    if (!IsMessageBox(front))
-        return "no message box is up, expected " + Quoted(wanted);
-    return Mismatch("the message", Quoted(Utf8(MessageOf(front))), Quoted(wanted));
-}
-
-std::string Answer(HWND front, int button) {
-    if (!IsMessageBox(front))
-        return "no message box is up";
-    const HWND control = GetDlgItem(front, button);
-    return control ? Click(control) : "the message box has no such button";
 }
 
 // Tells whatever is in front to go away; messages are posted, since the thread may be stuck.
@@ -131,7 +77,18 @@ bool CancelSheet(SheetThread& thread) {
 // Works on the sheet from a thread of its own.
 class Player {
   public:
-    Player(SheetThread& thread, const Show& show) : m_thread(thread), m_show(show) { StartLimit(); }
+    Player(SheetThread& thread, const Show& show)
+        : m_thread(thread), m_show(show), m_folder(std::filesystem::current_path()) {
+        StartLimit();
+    }
+
+    // What a program still had to do for the script is done when its windows are closed.
+    ~Player() {
+        for (std::thread& worker : m_busy)
+            worker.join();
+    }
+    Player(const Player&) = delete;
+    Player& operator=(const Player&) = delete;
 
     std::string Play() {
         std::string error = AwaitSheet();
@@ -185,6 +142,8 @@ class Player {
     // Empty work comes to its turn when all before it in the queue has been dealt with, or waits for a
     // dialog.
     std::string Settle() {
+        if (const HWND front = Front(); front && IsProgram(front))
+            return ""; // the sheet's thread deals with nothing before that program has ended
         std::string error;
         Run([] { return std::string(); }, error);
         if (error.empty() && m_blocked && m_blocked->done)
@@ -201,12 +160,49 @@ class Player {
         return error.empty() ? Settle() : error;
     }
 
+    // Work on a program's window, on a thread of its own: a click may come back only when a dialog that it
+    // opens is closed.
+    std::string DoBeside(HWND front, std::function<std::string()> work) {
+        std::packaged_task<std::string()> task(std::move(work));
+        std::future<std::string> result = task.get_future();
+        std::thread worker(std::move(task));
+        const auto limit = Limit();
+        while (result.wait_for(kLookAgain) != std::future_status::ready) {
+            const HWND now = Front();
+            const bool isElsewhere = now && now != front;
+            if (!isElsewhere && Clock::now() < limit)
+                continue;
+            m_busy.push_back(std::move(worker));
+            return isElsewhere ? "" : LateMessage();
+        }
+        worker.join();
+        return result.get();
+    }
+
+    bool IsProgram(HWND front) const { return GetWindowThreadProcessId(front, nullptr) != m_thread.Id(); }
+
+    // Nothing tells when a program has dealt with a key that was posted to it. A message that is sent to it
+    // finds it looking for messages, and the key is the next that it takes; the last answer comes behind
+    // that.
+    static void LetAct(HWND program) {
+        constexpr int kRounds = 3;
+        constexpr UINT kAnswerLimit = 1000; // milliseconds
+        for (int round = 0; round < kRounds; ++round) {
+            SendMessageTimeoutW(program, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, kAnswerLimit, nullptr);
+            std::this_thread::sleep_for(kLookAgain);
+        }
+    }
+
+    std::string DoOn(HWND front, std::function<std::string()> work) {
+        return IsProgram(front) ? DoBeside(front, std::move(work)) : Do(std::move(work));
+    }
+
     // A message box keeps a user from the sheet, so it keeps a script from it too.
     std::string WhyBarred(HWND front) {
         if (!front || !IsMessageBox(front))
             return "";
         const auto text = std::make_shared<std::string>();
-        Do([front, text] {
+        DoOn(front, [front, text] {
             *text = Utf8(MessageOf(front));
             return std::string();
         });
@@ -214,12 +210,27 @@ class Player {
     }
 
     std::string OnFront(const Action& action) {
-        const HWND front = Front();
-        if (!front)
-            return "the sheet is closed";
-        if (std::string barred = WhyBarred(front); !barred.empty())
-            return barred;
-        return Do([front, action] { return WorkOn(front, action); });
+        return OnceTrue([&](HWND front) {
+            if (!front)
+                return std::string("the sheet is closed");
+            if (std::string barred = WhyBarred(front); !barred.empty())
+                return barred;
+            return DoOn(front, [front, action] { return WorkOn(front, action); });
+        });
+    }
+
+    // Does the work on what is in front. What fails has changed nothing, so that on a program's window it is
+    // done again for a while: the program may still be at what the last action began, or be going.
+    std::string OnceTrue(const std::function<std::string(HWND)>& work) {
+        const auto limit = std::min(Limit(), Clock::now() + kProgramLimit);
+        for (;;) {
+            const HWND front = Front();
+            const bool isProgram = front && IsProgram(front);
+            std::string error = work(front);
+            if (error.empty() || !isProgram || Clock::now() >= limit)
+                return error;
+            std::this_thread::sleep_for(kLookAgain);
+        }
     }
 
     std::string OnSheet(std::function<std::string(HWND)> work) {
@@ -234,8 +245,9 @@ class Player {
     }
 
     std::string OnBox(std::function<std::string(HWND)> work) {
-        const HWND front = Front();
-        return front ? Do([front, work = std::move(work)] { return work(front); }) : "no message box is up";
+        return OnceTrue([&](HWND front) {
+            return front ? DoOn(front, [front, work] { return work(front); }) : "no message box is up";
+        });
     }
 
     std::string Press(const Action& action) {
@@ -280,7 +292,7 @@ class Player {
         const auto onScreen = std::make_shared<bool>(false);
         const auto limit = std::min(Limit(), Clock::now() + kShowLimit);
         while (!*onScreen && Clock::now() < limit && !m_thread.AwaitClosed(Clock::now() + kLookAgain)) {
-            const std::string error = Do([window, onScreen] {
+            const std::string error = DoOn(window, [window, onScreen] {
                 *onScreen = IsOnScreen(window);
                 return std::string();
             });
@@ -289,12 +301,14 @@ class Player {
         }
     }
 
-    std::string Screenshot(const std::wstring& file) {
+    std::string Screenshot(const std::wstring& name) {
+        // A dialog for files changes the folder of the process.
+        const std::wstring file = (m_folder / name).wstring();
         const HWND front = Front();
         if (!front)
             return "the sheet is closed";
         AwaitOnScreen(front);
-        return Do([front, file] { return WriteScreenshot(front, file); });
+        return DoOn(front, [front, file] { return WriteScreenshot(front, file); });
     }
 
     std::string Wait(std::uint32_t milliseconds) {
@@ -327,13 +341,15 @@ class Player {
         return Ask([action] { return NamedValue(action.text); });
     }
 
+    static std::string PutNow(const Action& action) {
+        if (action.verb == Verb::SetBank)
+            return SetBankValue(action.bank, action.keyword, action.number);
+        return action.verb == Verb::SetText ? SetNamedText(action.text, action.wanted)
+                                            : SetNamedValue(action.text, action.number);
+    }
+
     std::string Put(const Action& action) {
-        return Ask([action] {
-                   return StoreAnswer{"", action.verb == Verb::SetBank
-                                              ? SetBankValue(action.bank, action.keyword, action.number)
-                                              : SetNamedValue(action.text, action.number)};
-               })
-            .error;
+        return Ask([action] { return StoreAnswer{"", PutNow(action)}; }).error;
     }
 
     // A key may end the dialog that it is for.
@@ -342,9 +358,26 @@ class Player {
         if (!front)
             return "the sheet is closed";
         m_closing = true;
-        std::string error = Do([front, work = std::move(work)] { return work(front); });
+        std::string error = DoOn(front, [front, work = std::move(work)] { return work(front); });
+        if (IsProgram(front))
+            LetAct(front);
         m_closing = false;
         return error;
+    }
+
+    std::string EndProgram() {
+        const HWND front = Front();
+        return front && IsProgram(front) ? EndProgramOf(front) : "no other program is in front";
+    }
+
+    std::string ExpectRunning(const Action& action) {
+        const auto limit = std::min(Limit(), Clock::now() + kProgramLimit);
+        int count = CountRunning(Wide(action.text));
+        for (; count != static_cast<int>(action.number) && Clock::now() < limit;
+             count = CountRunning(Wide(action.text)))
+            std::this_thread::sleep_for(kLookAgain);
+        return Mismatch("the number of processes of " + action.text, std::to_string(count),
+                        std::to_string(action.number));
     }
 
     std::string Perform(const Action& action) {
@@ -357,6 +390,8 @@ class Player {
             });
         case Verb::Press: return Press(action);
         case Verb::Reopen: return Reopen(action);
+        case Verb::EndProgram: return EndProgram();
+        case Verb::ExpectRunning: return ExpectRunning(action);
         case Verb::Answer: return OnBox([button = action.control](HWND box) { return Answer(box, button); });
         case Verb::ExpectMessage:
             return OnBox([wanted = action.text](HWND box) { return ExpectMessage(box, wanted); });
@@ -369,7 +404,8 @@ class Player {
             return answer.error.empty() ? Print(answer.value) : answer.error;
         }
         case Verb::SetBank:
-        case Verb::SetValue: return Put(action);
+        case Verb::SetValue:
+        case Verb::SetText: return Put(action);
         case Verb::Key: return OnKeys([key = action.number](HWND front) { return PressKey(front, key); });
         case Verb::ExpectBank:
         case Verb::ExpectValue: {
@@ -386,8 +422,10 @@ class Player {
 
     SheetThread& m_thread;
     const Show& m_show;
+    const std::filesystem::path m_folder; // of the process when the script began
     Clock::time_point m_sheetEnd = Clock::time_point::max();
     std::shared_ptr<Task> m_blocked; // work that goes on behind a dialog
+    std::vector<std::thread> m_busy; // with work on a program's windows
     bool m_closing = false;          // a closed sheet is what is wanted now
 };
 

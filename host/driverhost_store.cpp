@@ -130,4 +130,14 @@ std::string SetNamedValue(const std::string& name, std::uint32_t number) {
     return error;
 }
 
+std::string SetNamedText(const std::string& name, const std::string& text) {
+    const Value* value = Find(name);
+    if (!value || value->type != Type::Text)
+        return "the store has no text called " + name;
+    std::string error;
+    if (const auto set = Operation<void (*)(const char*)>("ExportedFunc_Set" + name, error))
+        set(AnsiOfUtf8(text).c_str());
+    return error;
+}
+
 } // namespace driverhost

@@ -21,5 +21,6 @@ StoreAnswer NamedValue(const std::string& name);
 // Each returns "" or why the value was not written.
 std::string SetBankValue(script::Bank bank, int keyword, std::uint32_t number);
 std::string SetNamedValue(const std::string& name, std::uint32_t number);
+std::string SetNamedText(const std::string& name, const std::string& text);
 
 } // namespace driverhost

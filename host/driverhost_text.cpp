@@ -30,6 +30,15 @@ std::string Utf8OfAnsi(std::string_view ansi) {
     return Utf8(wide);
 }
 
+std::string AnsiOfUtf8(std::string_view utf8) {
+    const std::wstring wide = Wide(utf8);
+    const int size = static_cast<int>(wide.size());
+    std::string ansi(2 * wide.size(), '\0');
+    ansi.resize(static_cast<std::size_t>(WideCharToMultiByte(
+        CP_ACP, 0, wide.data(), size, ansi.data(), static_cast<int>(ansi.size()), nullptr, nullptr)));
+    return ansi;
+}
+
 void Print(std::string_view utf8) {
     Write(STD_OUTPUT_HANDLE, utf8);
 }

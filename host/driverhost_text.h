@@ -6,8 +6,9 @@
 
 namespace driverhost {
 
-// Text of the process's ANSI code page as UTF-8.
+// Text of the process's ANSI code page as UTF-8, and back; `utf8` must be UTF-8.
 std::string Utf8OfAnsi(std::string_view ansi);
+std::string AnsiOfUtf8(std::string_view utf8);
 
 // UTF-8 to standard output and standard error; a console gets it as its own text.
 void Print(std::string_view utf8);

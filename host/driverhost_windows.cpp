@@ -1,5 +1,6 @@
 #include "host/driverhost_windows.h"
 
+#include "host/driverhost_programs.h"
 #include "host/window_class.h"
 
 namespace driverhost {
@@ -44,6 +45,8 @@ HWND FindSheet(DWORD thread) {
 }
 
 HWND FindFront(DWORD thread) {
+    if (const HWND program = FindProgramWindow())
+        return program;
     const Search search = Look(thread);
     return search.front ? search.front : search.sheet;
 }

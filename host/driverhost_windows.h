@@ -9,8 +9,8 @@ namespace driverhost {
 // The property sheet that the thread shows; null if there is none.
 HWND FindSheet(DWORD thread);
 
-// The dialog of the thread that a user can work on: a message box or another dialog if one is up, else the
-// sheet; null if there is none of them.
+// What a user can work on: the window of a program that the sheet has started and waits for, else a message
+// box or another dialog of the thread if one is up, else the sheet; null if there is none of them.
 HWND FindFront(DWORD thread);
 
 bool IsSheet(HWND window);

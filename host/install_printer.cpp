@@ -7,11 +7,26 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <string_view>
 
 namespace {
 
 constexpr wchar_t kEnvironment[] = L"Windows x64";
 constexpr wchar_t kPortName[] = L"FILE:";
+
+// The row of the plug-in's string table that its command lines begin with: the path and a blank.
+constexpr unsigned kApplicationCommand = 20709;
+
+constexpr std::string_view TableText(unsigned number) {
+    switch (number) {
+#define ZR_STRING(row, text)                                                                                 \
+    case row:                                                                                                \
+        return text;
+#include "resources/strings.def"
+#undef ZR_STRING
+    default: return "";
+    }
+}
 
 struct InstallFailure {
     std::wstring message;
@@ -53,7 +68,8 @@ std::filesystem::path AsideName(const std::filesystem::path& path) {
     throw InstallFailure{L"Too many programs hold old copies of " + path.filename().wstring() + L"."};
 }
 
-// A module that a program has loaded can't be written to, but it can be given another name.
+// A module that a program has loaded, and a program that runs, can't be written to, but can be given another
+// name.
 void Replace(const std::filesystem::path& source, const std::filesystem::path& target) {
     if (SameContent(source, target))
         return;
@@ -61,7 +77,7 @@ void Replace(const std::filesystem::path& source, const std::filesystem::path& t
         return;
     if (!MoveFileExW(target.c_str(), AsideName(target).c_str(), 0) ||
         !CopyFileW(source.c_str(), target.c_str(), TRUE))
-        Fail(L"The file " + source.wstring() + L" can't be copied to the driver folder");
+        Fail(L"The file " + source.wstring() + L" can't be copied to " + target.parent_path().wstring());
 }
 
 class Installer {
@@ -73,6 +89,7 @@ class Installer {
         m_directory = DriverDirectory();
         result.driverDirectory = m_directory.wstring();
         CopyFiles();
+        result.lacking = PlaceApplication();
         result.driverAdded = AddDriver();
         result.printerAdded = AddPrinterOf(printerName);
     }
@@ -90,6 +107,20 @@ class Installer {
         for (const std::wstring& name : m_package.dependentFiles)
             if (Exists(name))
                 Replace(m_source / name, m_directory / name);
+    }
+
+    // Returns what there is to tell. Packages from before the application have none.
+    std::wstring PlaceApplication() const {
+        if (m_package.applicationPath.empty())
+            return L"";
+        if (!Exists(m_package.application))
+            return L"The job properties can't be opened: the file " +
+                   (m_source / m_package.application).wstring() + L" is missing.";
+        const std::filesystem::path target = m_package.applicationPath;
+        std::error_code error;
+        std::filesystem::create_directories(target.parent_path(), error);
+        Replace(m_source / m_package.application, target);
+        return L"";
     }
 
     std::wstring IniName() const {
@@ -183,6 +214,12 @@ class Installer {
 };
 
 } // namespace
+
+std::wstring JobPropertyApplicationPath() {
+    constexpr std::string_view kCommand = TableText(kApplicationCommand);
+    static_assert(kCommand.ends_with(".exe "));
+    return {kCommand.begin(), kCommand.end() - 1};
+}
 
 InstallResult InstallPrinter(const std::wstring& sourceDirectory, const std::wstring& printerName,
                              const DriverPackage& package) {

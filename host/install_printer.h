@@ -7,6 +7,9 @@
 inline constexpr wchar_t kDriverName[] = L"Zephra Orvane X100";
 inline constexpr wchar_t kPrinterName[] = L"Orvane X100";
 
+// Where the plug-in starts the job property application: the path of its own string table.
+std::wstring JobPropertyApplicationPath();
+
 // The files of a driver, by name within one source folder.
 struct DriverPackage {
     std::wstring driverName = kDriverName;
@@ -21,6 +24,9 @@ struct DriverPackage {
                                                 L"DataManager.dll",
                                                 L"AuthenticationManager.dll",
                                                 L"CommunicationSetting.dll"};
+    // The program that the plug-in starts by its full path, and that path. Without a path there is none.
+    std::wstring application = L"PrinterDriverApplication.exe";
+    std::wstring applicationPath = JobPropertyApplicationPath();
 };
 
 struct InstallResult {
@@ -29,10 +35,12 @@ struct InstallResult {
     bool printerAdded = false;    // false where it was there
     std::wstring driverDirectory; // where the spooler keeps the files, without a closing backslash
     std::wstring message;         // why it failed, one sentence in English; "" if it did not
+    std::wstring lacking;         // what the printer has to do without, one sentence; "" if nothing
 };
 
 // Copies what differs from `sourceDirectory` into the spooler's driver folder, registers the driver and adds
 // the printer where they are not there. A file that a running program holds is moved aside, not overwritten.
+// A source folder without the application leaves an installed one where it is.
 InstallResult InstallPrinter(const std::wstring& sourceDirectory,
                              const std::wstring& printerName = kPrinterName,
                              const DriverPackage& package = {});

@@ -49,7 +49,12 @@ struct Form {
 using enum Argument;
 constexpr std::array kForms{
     Form{"page", "", Verb::Page, {Text}, "TITLE", "go to the page with this title"},
-    Form{"choose", "", Verb::Choose, {Control, RowOrText}, "ID ROW|\"text\"", "choose a row of a combo box"},
+    Form{"choose",
+         "",
+         Verb::Choose,
+         {Control, RowOrText},
+         "ID ROW|\"text\"",
+         "choose a row of a combo box or a list"},
     Form{"click", "", Verb::Click, {Control}, "ID", "click a button"},
     Form{"check",
          "",
@@ -63,12 +68,18 @@ constexpr std::array kForms{
          {Control, Text},
          "ID \"text\"",
          "replace the text of an edit field, key by key"},
-    Form{"key", "", Verb::Key, {KeyName}, "enter|escape|tab|up|down", "press a key where the focus is"},
+    Form{"key", "", Verb::Key, {KeyName}, "enter|escape|tab|up|down|space", "press a key where the focus is"},
     Form{"press", "", Verb::Press, {SheetButton}, "ok|cancel|apply", "press a button of the sheet"},
     Form{"answer", "", Verb::Answer, {BoxButton}, "ok|yes|no|cancel", "press a button of the message box"},
     Form{"screenshot", "", Verb::Screenshot, {File}, "FILE.png", "write a picture of the window in front"},
     Form{"wait", "", Verb::Wait, {Milliseconds}, "MS", "let the sheet run for that long"},
     Form{"reopen", "", Verb::Reopen, {}, "", "close the sheet with OK if it is open, and open it again"},
+    Form{"end",
+         "",
+         Verb::EndProgram,
+         {},
+         "",
+         "end the program in front that the sheet has started, as a crash would"},
     Form{"print", "", Verb::PrintText, {Text}, "\"text\"", "print a line"},
     Form{"bank",
          "",
@@ -89,13 +100,33 @@ constexpr std::array kForms{
          {Name, Number},
          "NAME VALUE",
          "write a named number, as another program that shares the store may"},
+    Form{"set",
+         "text",
+         Verb::SetText,
+         {Name, Wanted},
+         "NAME \"text\"",
+         "write a named text, as another program that shares the store may"},
     Form{"expect", "row", Verb::ExpectRow, {Control, Row}, "ID ROW", "this row is selected; none is row -1"},
+    Form{"expect", "rows", Verb::ExpectRows, {Control, Number}, "ID COUNT", "it has so many rows"},
+    Form{"expect",
+         "item",
+         Verb::ExpectItem,
+         {Control, Row, Wanted},
+         "ID ROW \"text\"",
+         "this row shows this text"},
     Form{"expect", "text", Verb::ExpectText, {Control, Text}, "ID \"text\"", "the control shows this text"},
     Form{"expect", "enabled", Verb::ExpectEnabled, {Control}, "ID", ""},
     Form{"expect", "disabled", Verb::ExpectDisabled, {Control}, "ID", ""},
     Form{"expect", "visible", Verb::ExpectVisible, {Control}, "ID", ""},
     Form{"expect", "hidden", Verb::ExpectHidden, {Control}, "ID", ""},
     Form{"expect", "checked", Verb::ExpectChecked, {Control, OnOff}, "ID on|off", ""},
+    Form{"expect", "focus", Verb::ExpectFocus, {Control}, "ID", "the control has the keyboard focus"},
+    Form{"expect",
+         "running",
+         Verb::ExpectRunning,
+         {Text, Number},
+         "FILE.exe COUNT",
+         "so many processes of this program run"},
     Form{"expect", "bank", Verb::ExpectBank, {Argument::Bank, Keyword, Number}, "BANK KEYWORD VALUE", ""},
     Form{"expect", "value", Verb::ExpectValue, {Name, Wanted}, "NAME VALUE", ""},
     Form{"expect", "page", Verb::ExpectPage, {Text}, "TITLE", "this page is shown"},
@@ -201,8 +232,12 @@ constexpr std::array<std::pair<std::string_view, int>, 3> kSheetButtons{
     {{"ok", kOkButton}, {"cancel", kCancelButton}, {"apply", kApplyButton}}};
 constexpr std::array<std::pair<std::string_view, int>, 4> kBoxButtons{
     {{"ok", kOkButton}, {"yes", kYesButton}, {"no", kNoButton}, {"cancel", kCancelButton}}};
-constexpr std::array<std::pair<std::string_view, std::uint32_t>, 5> kKeys{
-    {{"enter", kEnterKey}, {"escape", kEscapeKey}, {"tab", kTabKey}, {"up", kUpKey}, {"down", kDownKey}}};
+constexpr std::array<std::pair<std::string_view, std::uint32_t>, 6> kKeys{{{"enter", kEnterKey},
+                                                                           {"escape", kEscapeKey},
+                                                                           {"tab", kTabKey},
+                                                                           {"up", kUpKey},
+                                                                           {"down", kDownKey},
+                                                                           {"space", kSpaceKey}}};
 constexpr std::array<std::pair<std::string_view, std::uint32_t>, 2> kOnOff{{{"on", 1}, {"off", 0}}};
 constexpr std::array<std::pair<std::string_view, script::Bank>, 4> kBanks{
     {{"Current", script::Bank::Current},
@@ -255,7 +290,7 @@ void Take(Action& action, Argument argument, const Word& word) {
         break;
     case Number:
         action.number = static_cast<std::uint32_t>(
-            NumberOf(word, 0, std::numeric_limits<std::uint32_t>::max(), "a value of a bank"));
+            NumberOf(word, 0, std::numeric_limits<std::uint32_t>::max(), "a number from 0 to 4294967295"));
         break;
     case KeyName: action.number = OneOf(word, kKeys); break;
     case Milliseconds:

@@ -29,15 +29,21 @@ enum class Verb {
     PrintText,
     SetBank,
     SetValue,
+    SetText,
     Key,
     Reopen,
+    EndProgram,
     ExpectRow,
+    ExpectRows,
+    ExpectItem,
     ExpectText,
     ExpectEnabled,
     ExpectDisabled,
     ExpectVisible,
     ExpectHidden,
     ExpectChecked,
+    ExpectFocus,
+    ExpectRunning,
     ExpectBank,
     ExpectValue,
     ExpectPage,
@@ -59,6 +65,7 @@ inline constexpr int kEscapeKey = 0x1B;
 inline constexpr int kTabKey = 0x09;
 inline constexpr int kUpKey = 0x26;
 inline constexpr int kDownKey = 0x28;
+inline constexpr int kSpaceKey = 0x20;
 
 // One line. Which members count follows from the verb.
 struct Action {
@@ -70,7 +77,7 @@ struct Action {
     int keyword = 0;           // key of the bank
     std::uint32_t number = 0;  // a value of the store, milliseconds, a key, or 1 and 0 for on and off
     std::string text;          // UTF-8: a title, a text, a file or the name of a value
-    std::string wanted;        // UTF-8: what `expect value` compares the value with
+    std::string wanted;        // UTF-8: what a value or a row is compared with or set to
 };
 
 struct Error {

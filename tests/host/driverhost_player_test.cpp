@@ -4,6 +4,7 @@
 
 #include "host/driverhost_text.h"
 #include "tests/host/driverhost_sheet.h"
+#include "tests/support/own_folder.h"
 #include "tests/support/utf8_text.h"
 
 #include <gtest/gtest.h>
@@ -28,6 +29,8 @@ struct Seen {
     int edits = 0;
     int applied = 0;
     int opened = 0;
+    std::vector<std::string> listed; // the rows of the list that were selected
+    std::vector<DWORD> ended;        // with what the other program ended
 };
 Seen g_seen;
 
@@ -48,6 +51,36 @@ void Ask(HWND page) {
     g_seen.answers.push_back(MessageBoxA(page, "続けますか?\n二行目", "質問", MB_YESNO));
 }
 
+void FillList(HWND page) {
+    for (const char* text : {"一", "二", "三"})
+        SendDlgItemMessageA(page, IDC_LIST, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+}
+
+void NoteListRow(HWND page) {
+    std::array<char, 16> text{};
+    SendDlgItemMessageA(page, IDC_LIST, LB_GETTEXT,
+                        static_cast<WPARAM>(SendDlgItemMessageA(page, IDC_LIST, LB_GETCURSEL, 0, 0)),
+                        reinterpret_cast<LPARAM>(text.data()));
+    g_seen.listed.emplace_back(text.data());
+}
+
+// The sheet's thread answers nothing until the program ends.
+void RunOtherProgram() {
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    std::wstring file = (OwnFolder() / L"driverhost_other_program.exe").wstring();
+    if (!CreateProcessW(file.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                        &process))
+        return;
+    WaitForSingleObject(process.hProcess, INFINITE);
+    DWORD status = 0;
+    GetExitCodeProcess(process.hProcess, &status);
+    g_seen.ended.push_back(status);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+}
+
 void OnCommand(HWND page, int id, int code) {
     if (id == IDC_EXTENDED)
         g_seen.comboCodes.push_back(code);
@@ -61,6 +94,10 @@ void OnCommand(HWND page, int id, int code) {
         PostMessageA(page, WM_COMMAND, MAKEWPARAM(IDC_ASK, BN_CLICKED), 0);
     if (id == IDC_HANG && code == BN_CLICKED)
         Sleep(1500);
+    if (id == IDC_LIST && code == LBN_SELCHANGE)
+        NoteListRow(page);
+    if (id == IDC_START && code == BN_CLICKED)
+        RunOtherProgram();
 }
 
 LRESULT OnNotify(HWND page, const NMHDR& header) {
@@ -77,6 +114,8 @@ INT_PTR CALLBACK PageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_INITDIALOG:
         if (GetDlgItem(page, IDC_EXTENDED))
             FillCombos(page);
+        if (GetDlgItem(page, IDC_LIST))
+            FillList(page);
         return TRUE;
     case WM_COMMAND: OnCommand(page, LOWORD(wParam), HIWORD(wParam)); return TRUE;
     case WM_NOTIFY:
@@ -255,6 +294,55 @@ TEST_F(DriverhostPlayer, TellsAMissingOrOtherMessage) {
     EXPECT_EQ(Play("click 1008\nanswer ok"), "s.txt:2: the message box has no such button");
 }
 
+TEST_F(DriverhostPlayer, ChoosesRowsOfAListByMouse) {
+    EXPECT_EQ(Play(u8"page 詳細設定\nexpect row 2002 -1\nexpect rows 2002 3\nexpect item 2002 1 二\n"
+                   u8"choose 2002 2\nexpect row 2002 2\nexpect text 2002 三\nexpect focus 2002\n"
+                   u8"choose 2002 \"一\"\nkey down\nexpect text 2002 二"),
+              "");
+    EXPECT_EQ(g_seen.listed, (std::vector<std::string>{"三", "一", "二"}));
+    EXPECT_EQ(Play(u8"page 詳細設定\nchoose 2002 3"),
+              "s.txt:2: control 2002: the list has 3 rows, counted from 0");
+}
+
+TEST_F(DriverhostPlayer, TellsARowAndAFocusThatItDidNotFind) {
+    EXPECT_EQ(Play("expect rows 1001 4"), "s.txt:1: the number of rows of control 1001 is 3, expected 4");
+    EXPECT_EQ(Play("expect item 1001 1 A4"), "s.txt:1: row 1 of control 1001 is \"B5\", expected \"A4\"");
+    EXPECT_EQ(Play("type 1003 a\nexpect focus 1003\nexpect focus 1001"),
+              "s.txt:3: control 1001 does not have the focus");
+}
+
+TEST_F(DriverhostPlayer, WorksInAProgramThatTheSheetWaitsFor) {
+    EXPECT_EQ(Play(u8"page 詳細設定\nexpect running driverhost_other_program.exe 0\nclick 2003\n"
+                   u8"expect running driverhost_other_program.exe 1\nexpect item 3002 1 横\nchoose 3002 1\n"
+                   u8"expect text 3002 横\ntype 3001 47\nexpect text 3001 47\nexpect focus 3001\n"
+                   u8"click 3003\nexpect message 本当に?\nanswer yes\nclick 1\n"
+                   u8"expect visible 2003\nexpect running driverhost_other_program.exe 0"),
+              "");
+    EXPECT_EQ(g_seen.ended, (std::vector<DWORD>{47}));
+}
+
+TEST_F(DriverhostPlayer, PressesKeysInAProgramThatTheSheetWaitsFor) {
+    EXPECT_EQ(Play(u8"page 詳細設定\nclick 2003\ntype 3001 5\nkey enter\nexpect visible 2003"), "");
+    EXPECT_EQ(Play(u8"page 詳細設定\nclick 2003\ntype 3001 5\nkey escape\nexpect visible 2003"), "");
+    EXPECT_EQ(g_seen.ended, (std::vector<DWORD>{5, 0}));
+}
+
+TEST_F(DriverhostPlayer, EndsAProgramAsACrashWould) {
+    EXPECT_EQ(Play(u8"page 詳細設定\nclick 2003\nend\nexpect visible 2003\nend"),
+              "s.txt:5: no other program is in front");
+    EXPECT_EQ(g_seen.ended, (std::vector<DWORD>{1}));
+}
+
+TEST_F(DriverhostPlayer, ClosesAProgramThatIsOpenWhenTheScriptEnds) {
+    EXPECT_EQ(Play(u8"page 詳細設定\nclick 2003"), "");
+    EXPECT_EQ(g_seen.ended, (std::vector<DWORD>{0}));
+}
+
+TEST_F(DriverhostPlayer, TellsWhatAProgramDoesNotShow) {
+    EXPECT_EQ(Play(u8"page 詳細設定\nclick 2003\nexpect text 3002 横"),
+              Utf8(u8"s.txt:3: the text of control 3002 is \"\", expected \"横\""));
+}
+
 TEST_F(DriverhostPlayer, ReopensTheSheet) {
     EXPECT_EQ(Play("choose 1001 1\nreopen\nexpect row 1001 0\npress cancel\nreopen\npress ok"), "");
     EXPECT_EQ(g_seen.opened, 3);
@@ -301,6 +389,8 @@ TEST_F(DriverhostPlayer, TellsThatTheStoreIsNotLoaded) {
     EXPECT_EQ(Play("set bank Current 305 1"), "s.txt:1: DataManager.dll is not loaded");
     EXPECT_EQ(Play("set value LayoutRepeatX 1"), "s.txt:1: DataManager.dll is not loaded");
     EXPECT_EQ(Play("set value JobName 1"), "s.txt:1: the store has no number called JobName");
+    EXPECT_EQ(Play("set text JobName a"), "s.txt:1: DataManager.dll is not loaded");
+    EXPECT_EQ(Play("set text LayoutRepeatX a"), "s.txt:1: the store has no text called LayoutRepeatX");
     EXPECT_EQ(Play("value JobName"), "s.txt:1: DataManager.dll is not loaded");
     EXPECT_EQ(Play("value Nothing"), "s.txt:1: the store has no value called Nothing");
 }

@@ -3,6 +3,7 @@
 
 #define IDD_FIRST 101
 #define IDD_SECOND 102
+#define IDD_PROGRAM 103
 
 #define IDC_EXTENDED 1001
 #define IDC_COMBO 1002
@@ -21,3 +22,11 @@
 #define IDC_REFUSE 1015
 #define IDC_LABEL 1016
 #define IDC_REMARK 2001
+#define IDC_LIST 2002
+#define IDC_START 2003
+
+// Of the program that the sheet starts. The text stands in a dialog inside its own.
+#define IDC_PROGRAM_TEXT 3001
+#define IDC_PROGRAM_COMBO 3002
+#define IDC_PROGRAM_ASK 3003
+#define IDC_PROGRAM_INNER 3004

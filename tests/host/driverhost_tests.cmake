@@ -4,4 +4,6 @@ zr_test(driverhost_dump_test SOURCES driverhost_dump_test.cpp LIBS zr_driverhost
 if(WIN32)
     zr_test(driverhost_player_test SOURCES driverhost_player_test.cpp driverhost_sheet.rc LIBS zr_driverhost)
     target_include_directories(driverhost_player_test PRIVATE ${PROJECT_SOURCE_DIR})
+    zr_program(driverhost_other_program driverhost_other_program.cpp driverhost_sheet.rc)
+    add_dependencies(driverhost_player_test driverhost_other_program)
 endif()

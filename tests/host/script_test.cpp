@@ -104,6 +104,10 @@ TEST(Script, ReadsWhatToWriteIntoTheStore) {
     EXPECT_EQ(value.text, "LayoutRepeatX");
     EXPECT_EQ(value.number, 4294967295u);
     EXPECT_NE(ErrorOf("set value LayoutRepeatX many"), "");
+    const Action text = Only("set text JobName \"a b\"");
+    EXPECT_EQ(text.verb, Verb::SetText);
+    EXPECT_EQ(text.text, "JobName");
+    EXPECT_EQ(text.wanted, "a b");
     EXPECT_EQ(ErrorOf("set row 1 2"), "s.txt:1: unknown action \"set\"");
 }
 
@@ -114,7 +118,28 @@ TEST(Script, NamesKeys) {
     EXPECT_EQ(Only("key tab").number, 0x09u);
     EXPECT_EQ(Only("key up").number, 0x26u);
     EXPECT_EQ(Only("key down").number, 0x28u);
-    EXPECT_EQ(ErrorOf("key a"), "s.txt:1: \"a\" is none of enter, escape, tab, up, down");
+    EXPECT_EQ(Only("key space").number, 0x20u);
+    EXPECT_EQ(ErrorOf("key a"), "s.txt:1: \"a\" is none of enter, escape, tab, up, down, space");
+}
+
+TEST(Script, ReadsWhatIsExpectedOfRows) {
+    EXPECT_EQ(Only("expect rows 1300 3").verb, Verb::ExpectRows);
+    EXPECT_EQ(Only("expect rows 1300 3").number, 3u);
+    const Action item = Only("expect item 4008 2 \"a b\"");
+    EXPECT_EQ(item.verb, Verb::ExpectItem);
+    EXPECT_EQ(item.control, 4008);
+    EXPECT_EQ(item.row, 2);
+    EXPECT_EQ(item.wanted, "a b");
+}
+
+TEST(Script, ReadsTheFocusAndThePrograms) {
+    EXPECT_EQ(Only("expect focus 1226").verb, Verb::ExpectFocus);
+    EXPECT_EQ(Only("expect focus 1226").control, 1226);
+    EXPECT_EQ(Only("end").verb, Verb::EndProgram);
+    const Action running = Only("expect running other.exe 2");
+    EXPECT_EQ(running.verb, Verb::ExpectRunning);
+    EXPECT_EQ(running.text, "other.exe");
+    EXPECT_EQ(running.number, 2u);
 }
 
 TEST(Script, ReadsARowOfNone) {
@@ -222,7 +247,8 @@ TEST(Script, UsageShowsEveryAction) {
                                "type",           "press",         "answer",         "screenshot",
                                "wait",           "reopen",        "print",          "bank",
                                "value",          "set bank",      "set value",      "key",
-                               "expect row",     "expect text",   "expect enabled", "expect disabled",
+                               "expect row",     "expect rows",   "expect item",    "expect focus",
+                               "expect running", "expect text",   "expect enabled", "expect disabled",
                                "expect visible", "expect hidden", "expect bank",    "expect page",
                                "expect message"})
         EXPECT_NE(usage.find("  " + std::string(action)), std::string::npos) << action;

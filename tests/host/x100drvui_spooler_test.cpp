@@ -21,6 +21,7 @@ DriverPackage TestPackage() {
     package.driverName = L"X100 Spooler Test Driver";
     package.dataFile = L"x100test.ppd";
     package.dependentFiles = {L"x100test.ini", L"test_plugin.dll"};
+    package.applicationPath.clear();
     return package;
 }
 
