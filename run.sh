@@ -34,7 +34,7 @@ tools/with-display.sh tools/with-wine.sh bash -euc '
     trap unfit_device EXIT
     fit_device
     cd "$ZR_ROOT/build/screenshots"
-    for script in pictures choose_quality quality_is_kept; do
+    for script in pictures pictures_job_properties choose_quality quality_is_kept; do
         "$ZR_ROOT/tools/wine-run.sh" "$ZR_ROOT/build/windows/bin/driverhost.exe" \
             --script "Z:$ZR_ROOT/tests/sheet/scripts/$script.txt"
     done'

@@ -1,7 +1,5 @@
 #include "tests/sheet/program.h"
 
-#include "tests/support/own_folder.h"
-
 #include <array>
 #include <cstdio>
 #include <cwchar>
@@ -13,8 +11,8 @@
 namespace {
 
 // No argument of the tests holds a quote or ends in a backslash.
-std::wstring CommandLine(const std::vector<std::wstring>& words) {
-    std::wstring line = L"\"" + (OwnFolder() / L"driverhost.exe").wstring() + L"\"";
+std::wstring CommandLine(const std::filesystem::path& folder, const std::vector<std::wstring>& words) {
+    std::wstring line = L"\"" + (folder / L"driverhost.exe").wstring() + L"\"";
     for (const std::wstring& word : words)
         line += L" \"" + word + L"\"";
     return line;
@@ -54,7 +52,7 @@ bool Start(std::wstring& line, STARTUPINFOW& startup, PROCESS_INFORMATION& proce
 
 } // namespace
 
-ProgramResult RunDriverhost(const std::vector<std::wstring>& words) {
+ProgramResult RunDriverhost(const std::vector<std::wstring>& words, const std::filesystem::path& folder) {
     constexpr DWORD kLimit = 100'000;
     const std::wstring file = TemporaryFile();
     const HANDLE output = CreateInheritable(file);
@@ -64,7 +62,7 @@ ProgramResult RunDriverhost(const std::vector<std::wstring>& words) {
     startup.hStdOutput = output;
     startup.hStdError = output;
     PROCESS_INFORMATION process{};
-    std::wstring line = CommandLine(words);
+    std::wstring line = CommandLine(folder, words);
     ProgramResult result;
     if (!Start(line, startup, process)) {
         result.status = 0xFFFFFFFF;

@@ -1,6 +1,8 @@
 // Running driverhost.exe, which stands beside the test, and reading what it says.
 #pragma once
 
+#include "tests/support/own_folder.h"
+
 #include <string>
 #include <vector>
 
@@ -9,7 +11,9 @@ struct ProgramResult {
     std::string output; // both of its outputs
 };
 
-ProgramResult RunDriverhost(const std::vector<std::wstring>& words);
+// `folder` is where the program stands with the files that it installs.
+ProgramResult RunDriverhost(const std::vector<std::wstring>& words,
+                            const std::filesystem::path& folder = OwnFolder());
 
 // A file of tests/sheet/scripts.
 std::wstring ScriptFile(const std::wstring& name);

@@ -1,15 +1,13 @@
 // The page "基本" on the sheet of the real driver: every row of every control, what follows from it in the
 // store, message boxes, dialogs. The scripts are written here from tables. The settings go by the keyword
 // numbers of the keyword table, the controls by the ids of the page.
-#include "host/driverhost_text.h"
 #include "tests/sheet/device_data.h"
 #include "tests/sheet/program.h"
-#include "tests/support/own_folder.h"
+#include "tests/sheet/text_script.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -20,34 +18,12 @@ class StandardSheet : public testing::Test {
     static void SetUpTestSuite() { FitDevice(); }
     static void TearDownTestSuite() {
         UnfitDevice();
-        Clear();
+        ClearPrinter();
     }
-    void SetUp() override { Clear(); }
+    void SetUp() override { ClearPrinter(); }
 
-    static void Clear() { ASSERT_EQ(RunDriverhost({L"--remove"}).status, 0u); }
-
-    // Plays the text, which is in the code page of these sources; scripts are UTF-8.
-    static void Play(const std::string& text) {
-        const std::wstring file = (OwnFolder() / L"standard_sheet_test.txt").wstring();
-        const std::string script = driverhost::Utf8OfAnsi(text);
-        WriteBytes(file, {script.begin(), script.end()});
-        const ProgramResult result = RunDriverhost({L"--script", file});
-        EXPECT_EQ(result.status, 0u) << result.output << "\n" << text;
-    }
+    static void Play(const std::string& text) { PlayText(text); }
 };
-
-std::string Line(const std::string& words, std::int64_t number) {
-    return words + " " + std::to_string(number) + "\n";
-}
-
-std::string ExpectCurrent(int keyword, std::int64_t value) {
-    return "expect bank Current " + std::to_string(keyword) + Line("", value);
-}
-
-std::string Choose(int control, int row) {
-    return "choose " + std::to_string(control) + Line("", row) + "expect row " + std::to_string(control) +
-           Line("", row);
-}
 
 struct MixedRow {
     int control;
