@@ -25,5 +25,6 @@ void Report(const char* what, Run run) {
         time = Microseconds() - start;
     }
     std::ranges::sort(times);
-    std::printf("%-44s median %8.1f us, worst %8.1f us\n", what, times[times.size() / 2], times.back());
+    std::printf("%-44s median %8.1f us, best %8.1f us, worst %8.1f us\n", what, times[times.size() / 2],
+                times.front(), times.back());
 }
