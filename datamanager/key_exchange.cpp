@@ -36,6 +36,7 @@ void KeyExchange::Attach(std::unique_ptr<SettingKey> key) {
     m_isNameOut = false;
     m_isWatched = false;
     m_isPending = false;
+    m_isToldToSetter = false;
     m_unwritten.reset();
 }
 
@@ -71,6 +72,7 @@ void KeyExchange::Ask() {
 }
 
 void KeyExchange::TakeHandOver(StoredValues& values) {
+    m_isToldToSetter = false;
     Ask();
     if (!m_isPending)
         return;
@@ -115,11 +117,14 @@ void KeyExchange::KeepOwn(StoredValues& values, StoredValues& loaded) const {
 void KeyExchange::AfterSet(StoredValues& values, Place place, bool isEqual) {
     if (!m_isNameOut)
         return;
+    const auto isInKey = [&] { return isEqual && m_isWatched && !m_isPending && !m_unwritten[place]; };
+    if (isInKey() && !m_key->IsDue())
+        return;
     Ask();
     if (!m_key)
         return;
-    const bool isInKey = isEqual && m_isWatched && !m_isPending && !m_unwritten[place];
-    if (!isInKey)
+    m_isToldToSetter = m_isPending;
+    if (!isInKey())
         Write(values, place);
 }
 

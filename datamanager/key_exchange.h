@@ -6,9 +6,10 @@
 //   the name is missed. From then on every change is written through at once.
 // - A hand-over is watched for again before anything is read, so that the next one, made during the reading,
 //   is seen. It is pending until a reading has succeeded.
-// - Getters ask seldom, so between two questions the store may be older than the key. A setter therefore asks
-//   before it takes "equal to the slot" for "stands in the key", and writes when a hand-over is pending. It
-//   need not read: its value is the later one, and the getter that reads finds it in the key.
+// - Getters ask seldom, so between two questions the store may be older than the key, and so do setters of
+//   what stands there already: a whole set of settings is mostly the same values again. A setter of another
+//   value asks each time, and both write when a hand-over is pending. They need not read: their value is the
+//   later one, and the getter that reads finds it in the key.
 // - A value that could not be written is written again before a reading, which would otherwise bring back
 //   what it replaced; if that fails too, the reading leaves its slot alone.
 #pragma once
@@ -36,7 +37,7 @@ class KeyExchange {
     // Before a value is read: takes over what another process has handed over. What can't be read now is
     // taken over later.
     void BeforeGet(StoredValues& values) {
-        if (m_isNameOut && m_key->IsDue())
+        if (m_isNameOut && (m_isToldToSetter || m_key->IsDue()))
             TakeHandOver(values);
     }
     // After a value was set: puts it into the key. `isEqual` tells that its slot held it already.
@@ -55,5 +56,7 @@ class KeyExchange {
     bool m_isNameOut = false; // only with a key
     bool m_isWatched = false;
     bool m_isPending = false;
+    // A setter has asked and knows of a hand-over, so the next getter takes it, due or not.
+    bool m_isToldToSetter = false;
     std::bitset<kPlaceCount> m_unwritten;
 };

@@ -36,8 +36,8 @@ class SettingKey {
 
     virtual const std::string& Name() const = 0;
 
-    // True if a getter should ask for a hand-over: not more often than every 100 microseconds, since asking
-    // the system takes longer than a getter may.
+    // True if a getter, or a setter of what the store has, should ask for a hand-over: not more often than
+    // every 100 microseconds, since asking the system takes longer than these may.
     virtual bool IsDue() = 0;
     // IsDue() is false for the next 50 milliseconds.
     virtual void Postpone() = 0;

@@ -24,7 +24,7 @@ struct KeyContent {
     int postponed = 0;
     std::uint32_t changes = 0; // of any section
     bool handedOver = false;
-    bool isDue = true; // false as it is within 100 microseconds of a getter's question
+    bool isDue = true; // false as it is within 100 microseconds of the last question
     bool gone = false;
     KeyResult watching = KeyResult::Done;
     KeyResult reading = KeyResult::Done;

