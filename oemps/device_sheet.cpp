@@ -1,10 +1,10 @@
 #include "oemps/device_sheet.h"
 
 #include "Common/log.h"
+#include "oemps/device_page.h"
 #include "oemps/property_sheet.h"
 #include "oemps/sheet_state.h"
 #include "pages/controls.h"
-#include "pages/devicepage.h"
 #include "resources/resource.h"
 
 #include <winspool.h>

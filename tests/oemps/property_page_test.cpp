@@ -5,6 +5,7 @@
 #include "oemps/device_sheet.h"
 #include "oemps/devmode.h"
 #include "oemps/oem_devmode.h"
+#include "oemps/printer_connections.h"
 #include "oemps/sheet_state.h"
 #include "tests/support/own_folder.h"
 #include "tests/support/registry_override.h"
