@@ -59,10 +59,6 @@ bool IsOneFile(const char* a, const char* b) {
            one->nFileIndexHigh == other->nFileIndexHigh && one->nFileIndexLow == other->nFileIndexLow;
 }
 
-bool IsThere(const std::optional<PathBuffer>& path) {
-    return path && platform_files::IsThere(path->data());
-}
-
 } // namespace
 
 INT_PTR DoFavoriteDialog(SessionBlock* session, FavoriteName& name, HWND page) {

@@ -55,10 +55,6 @@ std::optional<PathBuffer> AskForFile(HWND owner, std::string_view name, FileDial
     return std::nullopt;
 }
 
-bool IsThere(const std::optional<PathBuffer>& path) {
-    return path && platform_files::IsThere(path->data());
-}
-
 NameRefusal Taken(std::string_view name) {
     return {IDS_NAME_TAKEN, std::string(name)};
 }

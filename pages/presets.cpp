@@ -1,7 +1,6 @@
 // Choosing, saving and deleting the favourites of the standard page.
 #include "Common/ask_user.h"
 #include "Common/log.h"
-#include "Common/platform_files.h"
 #include "Common/strings.h"
 #include "Common/text.h"
 #include "pages/FavoriteDlgEX.h"
@@ -52,10 +51,7 @@ int IndexOfFile(CSettingManager& manager, std::string_view name) {
 
 // Also true for a file that the list does not have: one of another device, a broken one, a later one.
 bool IsNameTaken(CSettingManager& manager, std::string_view name) {
-    if (IndexOfFile(manager, name) >= 0)
-        return true;
-    const auto path = FavoritePath(name);
-    return path && platform_files::IsThere(path->data());
+    return IndexOfFile(manager, name) >= 0 || IsThere(FavoritePath(name));
 }
 
 // The favourite that has the file of this name, with its own name and comment, or a new one.

@@ -56,3 +56,7 @@ std::optional<PathBuffer> FavoritePath(std::string_view name) {
     const auto directory = WholeFavoriteDirectory();
     return directory ? FormPath(FieldText(*directory), name, IDS_FAVORITE_EXTENSION) : std::nullopt;
 }
+
+bool IsThere(const std::optional<PathBuffer>& path) {
+    return path && platform_files::IsThere(path->data());
+}

@@ -18,3 +18,6 @@ std::optional<PathBuffer> FavoritePath(const CFavoriteSetting& setting, unsigned
 
 // The same for the name in the favourite directory, with the extension of a saved favourite.
 std::optional<PathBuffer> FavoritePath(std::string_view name);
+
+// True if something is at the path; without one, nothing is.
+bool IsThere(const std::optional<PathBuffer>& path);

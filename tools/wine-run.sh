@@ -14,10 +14,12 @@ if [ -n "${ZR_LANES:-}" ]; then
             # Whatever a program leaves running must hold neither the lane nor the caller's pipes, whose end the
             # caller waits for.
             output=$(mktemp)
+            trap 'rm -f "$output"' EXIT
+            trap 'exit 130' INT
+            trap 'exit 143' TERM
             "$0" "$@" >"$output" 2>&1 7>&-
             status=$?
             cat "$output"
-            rm -f "$output"
             exit "$status"
         done
         sleep 0.1
