@@ -3,6 +3,7 @@
 
 enum class AskButtons { Ok, OkCancel, YesNo };
 enum class AskIcon { Warning, Error };
+enum class AskPlace { AsOwner, Foreground }; // above the owner's windows or in front of all programs'
 
 // The platform's own numbers.
 namespace ask_answer {
@@ -11,4 +12,4 @@ enum AskAnswer : int { NotShown = 0, Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 
 // `owner` is an HWND. The answer is an AskAnswer, or whatever else the platform gives.
 int AskUser(void* owner, const char* text, const char* title, AskButtons buttons,
-            AskIcon icon = AskIcon::Warning);
+            AskIcon icon = AskIcon::Warning, AskPlace place = AskPlace::AsOwner);

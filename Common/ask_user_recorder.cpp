@@ -23,6 +23,7 @@ int ScriptedUser::Answer(AskedQuestion question) {
     return m_answers[std::min(questions.size(), m_answers.size()) - 1];
 }
 
-int AskUser(void* owner, const char* text, const char* title, AskButtons buttons, AskIcon icon) {
-    return current ? current->Answer({owner, text, title, buttons, icon}) : ask_answer::NotShown;
+int AskUser(void* owner, const char* text, const char* title, AskButtons buttons, AskIcon icon,
+            AskPlace place) {
+    return current ? current->Answer({owner, text, title, buttons, icon, place}) : ask_answer::NotShown;
 }

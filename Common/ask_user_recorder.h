@@ -12,6 +12,7 @@ struct AskedQuestion {
     std::string title;
     AskButtons buttons;
     AskIcon icon;
+    AskPlace place;
 };
 
 // Answers while it lives, the given answers in turn and the last of them to all further questions; one at a

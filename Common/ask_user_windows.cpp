@@ -18,7 +18,9 @@ UINT ButtonFlags(AskButtons buttons) {
 
 } // namespace
 
-int AskUser(void* owner, const char* text, const char* title, AskButtons buttons, AskIcon icon) {
+int AskUser(void* owner, const char* text, const char* title, AskButtons buttons, AskIcon icon,
+            AskPlace place) {
     return MessageBoxA(static_cast<HWND>(owner), text, title,
-                       ButtonFlags(buttons) | (icon == AskIcon::Error ? MB_ICONERROR : MB_ICONEXCLAMATION));
+                       ButtonFlags(buttons) | (icon == AskIcon::Error ? MB_ICONERROR : MB_ICONWARNING) |
+                           (place == AskPlace::Foreground ? MB_SETFOREGROUND : 0));
 }

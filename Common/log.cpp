@@ -26,6 +26,14 @@ void Write(log_backend::Target target, const char* format, va_list arguments) {
 
 } // namespace
 
+OpenMainLog::OpenMainLog() {
+    log_backend::HoldMain();
+}
+
+OpenMainLog::~OpenMainLog() {
+    log_backend::ReleaseMain();
+}
+
 void WriteLog(const char* format, ...) {
     va_list arguments;
     va_start(arguments, format);

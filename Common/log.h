@@ -15,6 +15,16 @@
 // last.
 void WriteFavoriteLog(std::string_view first, std::string_view second);
 
+// Keeps the main log open on this thread while it lives, for a loop that logs each of many things: opening
+// the file takes far longer than writing a line. Each line is in the file at once all the same.
+class OpenMainLog {
+  public:
+    OpenMainLog();
+    ~OpenMainLog();
+    OpenMainLog(const OpenMainLog&) = delete;
+    OpenMainLog& operator=(const OpenMainLog&) = delete;
+};
+
 // The opening log line of a function, and a line with text of its own behind the usual three arguments.
 #define ZR_LOG_ENTRY() WriteLog("%s %d行目 %s\n", __FILE__, __LINE__, __func__)
 #define ZR_LOG(format, ...)                                                                                  \
@@ -28,6 +38,10 @@ enum class Target { Main, Record, Favorite };
 
 // False if a line would be lost anyway, so that it need not even be put together.
 bool IsOpenable(Target target);
+
+// What lies between them on a thread goes to the main log without opening it for each line. Not nested.
+void HoldMain();
+void ReleaseMain();
 
 // Appends the message; Target::Main puts the stamp in front of it.
 void Append(Target target, std::string_view message);

@@ -5,6 +5,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <utility>
 
 namespace log_backend {
 namespace {
@@ -22,6 +23,8 @@ struct LogFile {
 std::array<LogFile, 3> logFiles{{{"C:\\qpsp\\Log\\debugLog.txt", 0},
                                  {"C:/Users/Public/Documents/Zephra/QPSP/Log/zqnprt.log", 0},
                                  {"C:\\qpsp\\Log\\Favorite.txt", 0}}};
+
+thread_local std::FILE* heldMain = nullptr;
 
 LogFile& FileOf(Target target) {
     return logFiles[static_cast<std::size_t>(target)];
@@ -41,8 +44,19 @@ bool IsOpenable(Target target) {
     return GetTickCount64() >= FileOf(target).silentUntil;
 }
 
+void HoldMain() {
+    if (IsOpenable(Target::Main))
+        heldMain = Open(FileOf(Target::Main), "a+");
+}
+
+void ReleaseMain() {
+    if (std::FILE* file = std::exchange(heldMain, nullptr))
+        std::fclose(file);
+}
+
 void Append(Target target, std::string_view message) {
-    std::FILE* file = Open(FileOf(target), "a+");
+    std::FILE* held = target == Target::Main ? heldMain : nullptr;
+    std::FILE* file = held ? held : Open(FileOf(target), "a+");
     if (!file)
         return;
     const int length = static_cast<int>(message.size());
@@ -55,7 +69,10 @@ void Append(Target target, std::string_view message) {
     } else {
         std::fprintf(file, "%.*s\n", length, message.data());
     }
-    std::fclose(file);
+    if (held)
+        std::fflush(file);
+    else
+        std::fclose(file);
 }
 
 void Replace(Target target, std::string_view message) {

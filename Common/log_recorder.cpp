@@ -18,6 +18,9 @@ bool IsOpenable(Target) {
     return current != nullptr;
 }
 
+void HoldMain() {}
+void ReleaseMain() {}
+
 void Append(Target target, std::string_view message) {
     if (current)
         (target == Target::Main ? current->main : current->record).emplace_back(message);

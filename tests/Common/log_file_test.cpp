@@ -48,6 +48,32 @@ class LogFiles : public testing::Test {
 
 } // namespace
 
+TEST_F(LogFiles, MainLogThatIsKeptOpenHasEachLineAtOnceAndInOrder) {
+    const auto messages = [] {
+        return std::regex_replace(Contents(kMainLog), std::regex("\\[[^\\]]*\\] "), "");
+    };
+    WriteLog("before\n");
+    {
+        const OpenMainLog open;
+        WriteLog("first\n");
+        EXPECT_EQ(messages(), "before\r\nfirst\r\n");
+        // Another program writes between two lines.
+        std::ofstream(kMainLog, std::ios::app) << "other\n";
+        WriteLog("second\n");
+        EXPECT_EQ(messages(), "before\r\nfirst\r\nother\r\nsecond\r\n");
+    }
+    WriteLog("after\n");
+    EXPECT_EQ(messages(), "before\r\nfirst\r\nother\r\nsecond\r\nafter\r\n");
+    EXPECT_TRUE(DeleteFileA(kMainLog)) << "the file is still open";
+}
+
+TEST_F(LogFiles, MainLogIsKeptOpenOnlyWhereItCanBe) {
+    TearDown();
+    const OpenMainLog open;
+    WriteLog("lost\n");
+    EXPECT_EQ(GetFileAttributesA(kMainLog), INVALID_FILE_ATTRIBUTES);
+}
+
 TEST_F(LogFiles, MainLogStampsEachMessageWithLocalTimeAndProcess) {
     WriteLog("id=%d\n", 305);
     const std::regex line(

@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -36,6 +37,12 @@ class MainLog {
         for (std::string line; std::getline(file, line);)
             messages.push_back(line.substr(line.find("] ") + 2, line.rfind('\r') - line.find("] ") - 2));
         return messages;
+    }
+
+    // True if one of these messages contains the text.
+    bool HasLogged(const std::string& text) const {
+        return std::ranges::any_of(
+            Messages(), [&](const std::string& message) { return message.find(text) != std::string::npos; });
     }
 
     void Forget() { DeleteFileA(kFile); }
