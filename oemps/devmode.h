@@ -4,6 +4,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 inline constexpr std::uint32_t kDevModeSize = 24112;
 inline constexpr std::uint32_t kDevModeSignature = 0x4D534654; // the bytes "TFSM"
@@ -65,6 +67,19 @@ class CDevMode {
     // Converts, cleans the target's text of control characters and takes some numbers from the source even if
     // its header does not fit. Returns 1.
     static int Merge(PrivateDevMode& target, const void* source);
+
+    // Forms the text under which the user's data for a printer stand in the registry: its short name, its
+    // GUID and "\UserInfo". Clears the printer's name on the way out.
+    static void GetAuthenticatInfo(std::string& printerName, std::string& keyText);
+
+    // The first subkey of `rootKey`, below HKEY_CURRENT_USER, whose name contains the short name; "" if none
+    // does.
+    static void GetSearchRegistryKeyServer(const char* rootKey, std::string_view shortName,
+                                           std::string& subkey);
+
+    // The value "GuidPrinter" of a key below HKEY_CURRENT_USER, which is made if it is not there; "" if it
+    // can't be read.
+    static void GetGuidPrinter(const char* key, std::string& guid);
 
   private:
     PrivateDevMode& m_record;

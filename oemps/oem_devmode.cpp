@@ -2,8 +2,12 @@
 
 #include "Common/log.h"
 #include "Common/printer_info.h"
+#include "oemps/authentication_data.h"
 #include "oemps/authentication_overlay.h"
 #include "oemps/devmode.h"
+
+#include <new>
+#include <string>
 
 namespace {
 
@@ -19,10 +23,16 @@ void FillDefaults(PrivateDevMode& record) {
     CDevMode(record).SetDefault(kDevModeSize);
 }
 
-HRESULT MergeRecord(PrivateDevMode& target, const void* source, HANDLE printer) {
-    CDevMode::Convert(target, source);
-    CDevMode::Merge(target, source);
+void LayOwnerOver(PrivateDevMode& record, const PRINTER_INFO_2A& printerInfo, HANDLE printer) {
+    std::string name = printerInfo.pPrinterName ? printerInfo.pPrinterName : "";
+    std::string keyText;
+    CDevMode::GetAuthenticatInfo(name, keyText);
+    OverWriteRegistryAuthenticationInfo(record, printerInfo, printer, keyText);
+}
 
+// Once the printer is known the request can't fail, and no owner of the stored record is left: memory that
+// ends is an owner that can't be told.
+HRESULT OverlayOwner(PrivateDevMode& record, HANDLE printer) {
     PrinterInfo info;
     info.Fetch(printer, 2);
     const auto* printerInfo = info.As<PRINTER_INFO_2A>();
@@ -30,8 +40,20 @@ HRESULT MergeRecord(PrivateDevMode& target, const void* source, HANDLE printer) 
         ZR_LOG("no printer information\n");
         return E_FAIL;
     }
-    OverlayAuthentication(target, *printerInfo, printer);
+    try {
+        LayOwnerOver(record, *printerInfo, printer);
+    } catch (const std::bad_alloc&) {
+        ClearAuthenticationData(record);
+        ZR_LOG("no memory for the owner's data\n");
+    }
     return S_OK;
+}
+
+// The merged record stays as it is where its owner can't be told for want of the printer.
+HRESULT MergeRecord(PrivateDevMode& target, const void* source, HANDLE printer) {
+    CDevMode::Convert(target, source);
+    CDevMode::Merge(target, source);
+    return OverlayOwner(target, printer);
 }
 
 } // namespace

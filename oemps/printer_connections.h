@@ -4,14 +4,23 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 inline constexpr char kConnectionsKey[] = "Printers\\Connections";
 
 // The names of the subkeys of a key below HKEY_CURRENT_USER in the order of enumeration, each of which is
-// logged. Empty if the key can't be opened. Names over 1023 bytes are left out.
+// logged. Empty if the key can't be opened, which is not logged. Names over 1023 bytes are left out.
 std::vector<std::string> ListConnections(const char* rootKey);
 
+// The key below HKEY_CURRENT_USER of the user's connection of this name.
+std::string ConnectionKey(std::string_view connection);
+
 // Reads the value "GuidPrinter" of a key below HKEY_CURRENT_USER, which is made if it is not there, as text
-// whatever its type. Without a value of 1 to 256 bytes `out` is "".
+// whatever its type. `out` is "" where it can't be read, and where it has over 256 bytes or 256 without a
+// NUL.
 void GetGuidPrinter(const char* key, std::span<char, 256> out);
+
+// The name of the key that holds the user's data for a printer: its short name, and the GUID of the first
+// connection whose name contains that. Without such a connection the short name alone.
+std::string PrinterKeyName(std::string_view printerName);

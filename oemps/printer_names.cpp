@@ -1,6 +1,7 @@
 #include "oemps/printer_names.h"
 
 #include "Common/text.h"
+#include "datamanager/key_names.h"
 
 #include <algorithm>
 
@@ -12,16 +13,17 @@ std::string_view ShortPrinterName(std::string_view printerName) {
 }
 
 std::string_view FindConnection(std::span<const std::string> connections, std::string_view shortName) {
+    // By bytes, so that a name which is the second half of a double-byte character is found in that as well.
     const auto found = std::ranges::find_if(connections, [&](std::string_view connection) {
         return connection.find(shortName) != connection.npos;
     });
     return found == connections.end() ? std::string_view{} : std::string_view{*found};
 }
 
-std::string UserInfoKey(std::string_view shortName, std::string_view guidPrinter) {
-    std::string key = "Software\\Zephra\\ZR Print Driver Data\\";
-    key += shortName;
-    key += guidPrinter;
-    key += "\\UserInfo";
-    return key;
+std::string UserInfoText(std::string_view printerKeyName) {
+    return std::string(printerKeyName) + "\\UserInfo";
+}
+
+std::string UserInfoKey(std::string_view userInfoText) {
+    return std::string(kAuthenticationParent).append("\\").append(userInfoText);
 }

@@ -10,9 +10,12 @@
 std::string_view ShortPrinterName(std::string_view printerName);
 
 // The first of the user's printer connections, in the order of enumeration, whose key name contains the short
-// name;
-// "" if none does.
+// name's bytes; "" if none does.
 std::string_view FindConnection(std::span<const std::string> connections, std::string_view shortName);
 
-// The path below HKEY_CURRENT_USER of the user's data for a printer, told by its short name and its GUID.
-std::string UserInfoKey(std::string_view shortName, std::string_view guidPrinter);
+// The name of a printer's key, which is its short name and its GUID, and the part of that key in which the
+// user's data stand.
+std::string UserInfoText(std::string_view printerKeyName);
+
+// The path below HKEY_CURRENT_USER of a text that UserInfoText gave.
+std::string UserInfoKey(std::string_view userInfoText);

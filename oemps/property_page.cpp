@@ -9,23 +9,7 @@
 #include "oemps/printer_names.h"
 #include "oemps/sheet_state.h"
 
-#include <array>
 #include <string>
-#include <vector>
-
-namespace {
-
-void FindUserInfoKey(std::string_view printerName) {
-    const std::string_view shortName = ShortPrinterName(printerName);
-    const std::vector<std::string> connections = ListConnections(kConnectionsKey);
-    const std::string connection(FindConnection(connections, shortName));
-
-    std::array<char, 256> guid{};
-    GetGuidPrinter((std::string(kConnectionsKey) + "\\" + connection).c_str(), guid);
-    CopyText(g_UserInfoKey, UserInfoKey(shortName, guid.data()));
-}
-
-} // namespace
 
 HRESULT hrOEMPropertyPage(DWORD mode, OEMCUIPPARAM* param) {
     ZR_LOG_ENTRY();
@@ -40,7 +24,8 @@ HRESULT hrOEMPropertyPage(DWORD mode, OEMCUIPPARAM* param) {
         ZR_LOG("no printer information\n");
         return E_FAIL;
     }
-    FindUserInfoKey(printer->pPrinterName ? printer->pPrinterName : "");
+    const std::string keyName = PrinterKeyName(printer->pPrinterName ? printer->pPrinterName : "");
+    CopyText(g_UserInfoKey, UserInfoKey(UserInfoText(keyName)));
 
     switch (mode) {
     case OEMCUIP_DOCPROP: return hrDocumentPropertyPage(param);

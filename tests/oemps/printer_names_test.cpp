@@ -29,6 +29,12 @@ TEST(FindConnection, TakesTheFirstKeyInOrderThatMerelyContainsTheName) {
     EXPECT_EQ(FindConnection(connections, "Orvane X100"), ",,server,Orvane X100 second");
 }
 
+// In code page 932 the second byte of this character is an "A".
+TEST(FindConnection, ComparesBytesSoThatHalfACharacterIsAMatch) {
+    const std::array<std::string, 2> connections{",,server,ア", ",,server,A"};
+    EXPECT_EQ(FindConnection(connections, "A"), ",,server,ア");
+}
+
 TEST(FindConnection, IsEmptyWithoutAMatch) {
     const std::array<std::string, 1> connections{",,server,Other"};
     EXPECT_EQ(FindConnection(connections, "Orvane X100"), "");
@@ -36,11 +42,11 @@ TEST(FindConnection, IsEmptyWithoutAMatch) {
 }
 
 TEST(UserInfoKey, HasNameAndGuidInOnePart) {
-    EXPECT_EQ(UserInfoKey("Orvane X100", "{12}"),
+    EXPECT_EQ(UserInfoKey(UserInfoText("Orvane X100{12}")),
               "Software\\Zephra\\ZR Print Driver Data\\Orvane X100{12}\\UserInfo");
 }
 
 TEST(UserInfoKey, WithoutAGuidEndsInTheShortNameAndUserInfo) {
-    EXPECT_EQ(UserInfoKey("Orvane X100", ""),
+    EXPECT_EQ(UserInfoKey(UserInfoText("Orvane X100")),
               "Software\\Zephra\\ZR Print Driver Data\\Orvane X100\\UserInfo");
 }

@@ -3,17 +3,12 @@
 
 #include "host/install_printer.h"
 #include "oemps/device_sheet.h"
-#include "oemps/devmode.h"
-#include "oemps/oem_devmode.h"
-#include "oemps/printer_connections.h"
 #include "oemps/sheet_state.h"
 #include "tests/support/own_folder.h"
 #include "tests/support/registry_override.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstring>
 #include <string>
 
 namespace {
@@ -32,56 +27,14 @@ class PropertyPage : public testing::Test {
     }
     void TearDown() override { ClosePrinter(printer); }
 
+    const RegistryOverride user{HKEY_CURRENT_USER};
     HANDLE printer = nullptr;
     OEMCUIPPARAM param{};
 };
 
-class GuidPrinter : public testing::Test {
-  protected:
-    std::string Read() {
-        std::array<char, 256> out;
-        out.fill('x');
-        GetGuidPrinter("Printers\\Connections\\,,server,Orvane", out);
-        return out.data();
-    }
-    void Write(DWORD type, const std::string& bytes) {
-        RegSetKeyValueA(HKEY_CURRENT_USER, "Printers\\Connections\\,,server,Orvane", "GuidPrinter", type,
-                        bytes.data(), static_cast<DWORD>(bytes.size()));
-    }
-
-    RegistryOverride user{HKEY_CURRENT_USER};
-};
-
 } // namespace
 
-TEST_F(GuidPrinter, OfAMissingKeyIsEmptyAndTheKeyIsMade) {
-    EXPECT_EQ(Read(), "");
-    EXPECT_TRUE(user.Has("Printers\\Connections\\,,server,Orvane"));
-}
-
-TEST_F(GuidPrinter, IsReadWithAndWithoutItsNul) {
-    Write(REG_SZ, std::string("{1234}") + '\0');
-    EXPECT_EQ(Read(), "{1234}");
-    Write(REG_SZ, "{5678}");
-    EXPECT_EQ(Read(), "{5678}");
-}
-
-TEST_F(GuidPrinter, OfAnyTypeIsTakenAsText) {
-    Write(REG_BINARY, "{9}");
-    EXPECT_EQ(Read(), "{9}");
-    Write(REG_DWORD, "abcd");
-    EXPECT_EQ(Read(), "abcd");
-}
-
-TEST_F(GuidPrinter, ThatIsEmptyOrTooLongIsEmpty) {
-    Write(REG_SZ, "");
-    EXPECT_EQ(Read(), "");
-    Write(REG_SZ, std::string(300, 'g'));
-    EXPECT_EQ(Read(), "");
-}
-
 TEST_F(PropertyPage, NamesTheUsersKeyByThePrinterAndTheGuidOfTheFirstConnectionThatContainsItsName) {
-    RegistryOverride user(HKEY_CURRENT_USER);
     user.AddText("Printers\\Connections\\,,server,Another", "GuidPrinter", "{A}");
     user.AddText("Printers\\Connections\\,,server,Orvane X100 copy", "GuidPrinter", "{B}");
     EXPECT_EQ(hrOEMPropertyPage(OEMCUIP_DOCPROP, &param), S_OK);
@@ -89,7 +42,6 @@ TEST_F(PropertyPage, NamesTheUsersKeyByThePrinterAndTheGuidOfTheFirstConnectionT
 }
 
 TEST_F(PropertyPage, WithoutAConnectionNamesTheUsersKeyByThePrinterAlone) {
-    RegistryOverride user(HKEY_CURRENT_USER);
     EXPECT_EQ(hrOEMPropertyPage(OEMCUIP_DOCPROP, &param), S_OK);
     EXPECT_STREQ(g_UserInfoKey, "Software\\Zephra\\ZR Print Driver Data\\Orvane X100\\UserInfo");
 }
@@ -126,27 +78,6 @@ TEST_F(PropertyPage, StoresTheChoiceInThePrintersDataOnlyWhenTheSheetIsApplied) 
         if (reason == 6)
             item.Sel = 9;
     }
-}
-
-TEST_F(PropertyPage, DevModeMergesAStoredRecordAndReports0) {
-    PrivateDevMode target{};
-    PrivateDevMode source{};
-    OEMDMPARAM dm{};
-    dm.hPrinter = printer;
-    for (PrivateDevMode* record : {&target, &source}) {
-        dm.pOEMDMOut = record;
-        ASSERT_EQ(hrOEMDevMode(OEMDM_DEFAULT, &dm), S_OK);
-    }
-    std::strcpy(source.UserComment, "first\tsecond\n");
-    source.Modified = 7;
-    dm.pOEMDMOut = &target;
-    dm.pOEMDMIn = &source;
-    EXPECT_EQ(hrOEMDevMode(OEMDM_CONVERT, &dm), S_OK);
-    EXPECT_STREQ(target.UserComment, "first\tsecond\n");
-    EXPECT_EQ(target.Modified + 0, 7u);
-    EXPECT_EQ(hrOEMDevMode(OEMDM_MERGE, &dm), S_OK);
-    EXPECT_STREQ(target.UserComment, "firstsecond");
-    EXPECT_EQ(target.Modified + 0, 1u);
 }
 
 TEST_F(PropertyPage, RefusesAnotherMode) {

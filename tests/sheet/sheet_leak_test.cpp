@@ -2,6 +2,7 @@
 // dialog, leave nothing behind: no window, no GDI object, no kernel handle and no heap beyond what the first
 // ones keep for the process.
 #include "tests/sheet/device_data.h"
+#include "tests/support/handle_count.h"
 #include "tests/support/plugin_sheet.h"
 
 #include <gtest/gtest.h>
@@ -41,12 +42,6 @@ int CountWindows() {
     return count;
 }
 
-template <typename Function>
-Function NtFunction(const char* name) {
-    return reinterpret_cast<Function>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("ntdll.dll"), name)));
-}
-
 const unsigned char* ProcessBlock() {
     PROCESS_BASIC_INFORMATION process{};
     NtFunction<LONG(NTAPI*)(HANDLE, int, void*, ULONG, ULONG*)>("NtQueryInformationProcess")(
@@ -64,27 +59,6 @@ int CountGdiObjects() {
     int count = 0;
     for (std::size_t i = 0; i < kEntries; ++i)
         count += table[i * kEntry + kType] != 0 ? 1 : 0;
-    return count;
-}
-
-// GetProcessHandleCount gives 0 under Wine, so the system's list of all handles is searched.
-int CountHandles() {
-    constexpr int kExtendedHandles = 64;
-    constexpr std::size_t kFirst = 16;
-    constexpr std::size_t kEntry = 40;
-    constexpr std::size_t kProcess = 8;
-    std::vector<unsigned char> list(1 << 22);
-    ULONG used = 0;
-    const auto query = NtFunction<LONG(NTAPI*)(int, void*, ULONG, ULONG*)>("NtQuerySystemInformation");
-    if (query(kExtendedHandles, list.data(), static_cast<ULONG>(list.size()), &used) != 0)
-        return -1;
-    const auto handles = *reinterpret_cast<const std::uint64_t*>(list.data());
-    int count = 0;
-    for (std::uint64_t i = 0; i < handles; ++i) {
-        const auto* owner =
-            reinterpret_cast<const std::uint64_t*>(list.data() + kFirst + i * kEntry + kProcess);
-        count += *owner == GetCurrentProcessId() ? 1 : 0;
-    }
     return count;
 }
 
