@@ -24,8 +24,10 @@ HRESULT hrPrinterPropertyPage(OEMCUIPPARAM* param) {
     DWORD choice = 0;
     DWORD type = 0;
     DWORD needed = 0;
-    GetPrinterDataA(param->hPrinter, kChoiceValue, &type, reinterpret_cast<LPBYTE>(&choice), sizeof choice,
-                    &needed);
+    const DWORD status = GetPrinterDataA(param->hPrinter, kChoiceValue, &type,
+                                         reinterpret_cast<LPBYTE>(&choice), sizeof choice, &needed);
+    if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND)
+        ZR_LOG("GetPrinterData %s failed, status=%lu\n", kChoiceValue, status);
     param->OEMCUIPCallback = OEMPrinterUICallBack;
     for (DWORD index = 0; index < param->cOEMOptItems; ++index) {
         OPTITEM& item = param->pOEMOptItems[index];
@@ -41,8 +43,10 @@ LONG APIENTRY OEMPrinterUICallBack(PCPSUICBPARAM callback, OEMCUIPPARAM* param) 
     if (callback && callback->Reason == CPSUICB_REASON_APPLYNOW && param && param->pOEMOptItems &&
         param->cOEMOptItems > 0) {
         DWORD choice = static_cast<DWORD>(param->pOEMOptItems[0].Sel);
-        SetPrinterDataA(param->hPrinter, kChoiceValue, REG_DWORD, reinterpret_cast<LPBYTE>(&choice),
-                        sizeof choice);
+        const DWORD status = SetPrinterDataA(param->hPrinter, kChoiceValue, REG_DWORD,
+                                             reinterpret_cast<LPBYTE>(&choice), sizeof choice);
+        if (status != ERROR_SUCCESS)
+            ZR_LOG("SetPrinterData %s failed, status=%lu\n", kChoiceValue, status);
     }
     return CPSUICB_ACTION_NONE;
 }

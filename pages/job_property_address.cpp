@@ -15,15 +15,13 @@
 
 namespace {
 
-constexpr char kAddressValue[] = "PrinterPortAddress";
-
 // A printer of this machine has no server.
 const char* TextOrNull(const char* text) {
     return text ? text : "(null)";
 }
 
 DWORD ReadPrinterData(HANDLE printer, DWORD& type, std::span<BYTE> value, DWORD& needed) {
-    return GetPrinterDataA(printer, const_cast<LPSTR>(kAddressValue), &type, value.data(),
+    return GetPrinterDataA(printer, const_cast<LPSTR>(kPrinterPortAddress), &type, value.data(),
                            static_cast<DWORD>(value.size()), &needed);
 }
 

@@ -4,6 +4,9 @@
 #include <cstdint>
 #include <string_view>
 
+// The value of a printer's data that the address is stored in.
+inline constexpr char kPrinterPortAddress[] = "PrinterPortAddress";
+
 // The address, or, where a print server names itself by a local one, its machine name: what stands behind the
 // last backslash of `serverName`. A server name of "" or "(null)" leaves the address as it is.
 std::string_view ReachableAddress(std::string_view address, std::string_view serverName);

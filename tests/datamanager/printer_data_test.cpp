@@ -1,47 +1,18 @@
 // What is kept with a printer, on a real printer of the spooler.
 #include "session/datamanager.h"
+#include "tests/support/spooler_printer.h"
 
 #include <gtest/gtest.h>
-#include <windows.h>
-
-#include <winspool.h>
 
 #include <array>
-#include <filesystem>
-#include <fstream>
 #include <string>
 
 namespace {
 
 class PrinterData : public testing::Test {
   protected:
-    PrinterData() {
-        InstallDriver();
-        PRINTER_INFO_2A info{};
-        info.pPrinterName = name.data();
-        info.pDriverName = name.data();
-        std::string port = "LPT1:";
-        info.pPortName = port.data();
-        std::string processor = "wineps";
-        info.pPrintProcessor = processor.data();
-        std::string type = "RAW";
-        info.pDatatype = type.data();
-        printer = AddPrinterA(nullptr, 2, reinterpret_cast<BYTE*>(&info));
-        EXPECT_NE(printer, nullptr);
-    }
-    ~PrinterData() override {
-        DeletePrinter(printer);
-        ClosePrinter(printer);
-        std::string environment = "Windows x64";
-        DeletePrinterDriverExA(nullptr, environment.data(), name.data(), 0, 0);
-        std::error_code ignored;
-        std::filesystem::remove(description, ignored);
-    }
-
     void Put(const wchar_t* valueName, DWORD type, const void* data, std::size_t size) {
-        ASSERT_EQ(SetPrinterDataExW(printer, L"PrinterDriverData", valueName, type,
-                                    static_cast<BYTE*>(const_cast<void*>(data)), static_cast<DWORD>(size)),
-                  static_cast<DWORD>(ERROR_SUCCESS));
+        spoolerPrinter.Put(valueName, type, data, size);
     }
 
     int Address() {
@@ -49,34 +20,9 @@ class PrinterData : public testing::Test {
         return ExportedFunc_GetPrinterPortAddress(printer, address.data());
     }
 
-    HANDLE printer = nullptr;
+    const SpoolerPrinter spoolerPrinter{"Store test"};
+    const HANDLE printer = spoolerPrinter.Handle();
     std::array<wchar_t, 260> address{};
-
-  private:
-    void InstallDriver() {
-        std::array<char, MAX_PATH> folder{};
-        DWORD needed = 0;
-        GetPrinterDriverDirectoryA(nullptr, nullptr, 1, reinterpret_cast<BYTE*>(folder.data()), folder.size(),
-                                   &needed);
-        description = std::string(folder.data()) + "\\" + name + ".ppd";
-        std::ofstream(description) << "*PPD-Adobe: \"4.3\"\n";
-        DRIVER_INFO_3A driver{};
-        driver.cVersion = 3;
-        driver.pName = name.data();
-        std::string environment = "Windows x64";
-        driver.pEnvironment = environment.data();
-        std::string module = "wineps.drv";
-        driver.pDriverPath = module.data();
-        driver.pConfigFile = module.data();
-        driver.pDataFile = description.data();
-        std::string type = "RAW";
-        driver.pDefaultDataType = type.data();
-        EXPECT_TRUE(AddPrinterDriverExA(nullptr, 3, reinterpret_cast<BYTE*>(&driver),
-                                        APD_COPY_NEW_FILES | APD_COPY_FROM_DIRECTORY));
-    }
-
-    std::string name = "Store test " + std::to_string(GetCurrentProcessId());
-    std::string description;
 };
 
 TEST_F(PrinterData, HasModesOfZeroWhileNothingIsStored) {
