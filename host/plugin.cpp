@@ -31,6 +31,11 @@ PDEVMODEW Public(std::span<std::byte> devmode) {
     return reinterpret_cast<PDEVMODEW>(devmode.data());
 }
 
+void CheckEvent(HRESULT status) {
+    if (FAILED(status) && status != E_NOTIMPL)
+        throw Failure("The plug-in fails at an event, status " + Status(status) + ".");
+}
+
 } // namespace
 
 Plugin::Plugin(const DriverFiles& files) {
@@ -93,6 +98,14 @@ void Plugin::Call(DWORD mode, OEMDMPARAM& param, const char* what) {
     HRESULT status = m_ui->DevMode(mode, &param);
     if (FAILED(status))
         throw Failure(std::string("The plug-in fails to ") + what + ", status " + Status(status) + ".");
+}
+
+void Plugin::PrinterEvent(LPWSTR printerName, int event, DWORD flags, LPARAM param) {
+    CheckEvent(m_ui->PrinterEvent(printerName, event, flags, param));
+}
+
+void Plugin::DriverEvent(DWORD event, DWORD level, LPBYTE driverInfo, LPARAM param) {
+    CheckEvent(m_ui->DriverEvent(event, level, driverInfo, param));
 }
 
 OEMDMPARAM Plugin::Param(HANDLE printer, std::span<std::byte> out, std::size_t blockSize) {

@@ -34,6 +34,10 @@ class Plugin {
     void TakeBlock(HANDLE printer, std::span<std::byte> out, std::size_t blockSize, PDEVMODEW publicIn,
                    std::span<const std::byte> block);
 
+    // What a plug-in declines is the driver's to do; throws Failure if it fails otherwise.
+    void PrinterEvent(LPWSTR printerName, int event, DWORD flags, LPARAM param);
+    void DriverEvent(DWORD event, DWORD level, LPBYTE driverInfo, LPARAM param);
+
     IPrintOemUI& Interface() const { return *m_ui; }
     POEMUIOBJ Object() { return &m_object; }
     HMODULE Module() const { return m_module.Get(); }

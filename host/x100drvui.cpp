@@ -76,6 +76,19 @@ LONG WithoutSheet(DOCUMENTPROPERTYHEADER& header) {
     return IDOK;
 }
 
+// A printer of an event may be gone by then, or on its way, or not be there yet; its driver's files are those
+// beside this module all the same.
+DriverFiles FilesOfEvent(LPWSTR printerName) {
+    UniquePrinter printer;
+    try {
+        if (printerName && *printerName && OpenPrinterW(printerName, printer.Receive(), nullptr))
+            return FindDriverFiles(printer.Get());
+    } catch (const Failure&) {
+        ZR_LOG("the spooler does not tell the printer's driver\n");
+    }
+    return FindDriverFiles(nullptr);
+}
+
 } // namespace
 
 LONG WINAPI DrvDocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM param) {
@@ -105,6 +118,22 @@ DWORD WINAPI DrvDeviceCapabilities(HANDLE printer, PWSTR device, WORD capability
         PrinterRef ref(printer, device);
         auto model = LoadModel(FindDriverFiles(ref.Get()).description);
         return DescribedCapability(*model, capability, output).value_or(GDI_ERROR);
+    });
+}
+
+BOOL WINAPI DrvPrinterEvent(LPWSTR printerName, INT event, DWORD flags, LPARAM param) {
+    ZR_LOG_ENTRY();
+    return Guarded<BOOL>(FALSE, [&] {
+        Plugin(FilesOfEvent(printerName)).PrinterEvent(printerName, event, flags, param);
+        return TRUE;
+    });
+}
+
+BOOL WINAPI DrvDriverEvent(DWORD event, DWORD level, LPBYTE driverInfo, LPARAM param) {
+    ZR_LOG_ENTRY();
+    return Guarded<BOOL>(FALSE, [&] {
+        Plugin(FindDriverFiles(nullptr)).DriverEvent(event, level, driverInfo, param);
+        return TRUE;
     });
 }
 

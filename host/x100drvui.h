@@ -1,5 +1,5 @@
 // The entry points of x100drvui.dll, the printer's configuration module. The spooler's client library loads
-// it as DRIVER_INFO_3::pConfigFile and calls the three Drv functions; the platform's headers declare none of
+// it as DRIVER_INFO_3::pConfigFile and calls the Drv functions; the platform's headers declare none of
 // this here.
 #pragma once
 
@@ -52,6 +52,12 @@ LONG WINAPI DrvDevicePropertySheets(PPROPSHEETUI_INFO info, LPARAM param);
 DWORD WINAPI DrvDeviceCapabilities(HANDLE printer, PWSTR device, WORD capability, PVOID output,
                                    PDEVMODEW devmode);
 
+// A printer comes or goes (PRINTER_EVENT_), or the driver is installed or removed (DRIVER_EVENT_). Both are
+// handed on to the plug-in; one that declines lets the driver go on, TRUE. FALSE if it fails or can't be
+// loaded.
+BOOL WINAPI DrvPrinterEvent(LPWSTR printerName, INT event, DWORD flags, LPARAM param);
+BOOL WINAPI DrvDriverEvent(DWORD event, DWORD level, LPBYTE driverInfo, LPARAM param);
+
 // Why the last Drv call of this process failed, in English, one sentence; "" if it did not. Writes at most
 // `count` characters, the NUL included, and returns the length of the whole text.
 DWORD WINAPI X100GetLastMessage(PWSTR buffer, DWORD count);
@@ -67,6 +73,8 @@ BOOL WINAPI X100CheckDevMode(PCWSTR printerName, const void* devmode, DWORD size
 
 using PFNDRVPROPERTYSHEETS = LONG(WINAPI*)(PPROPSHEETUI_INFO, LPARAM);
 using PFNDRVDEVICECAPABILITIES = DWORD(WINAPI*)(HANDLE, PWSTR, WORD, PVOID, PDEVMODEW);
+using PFNDRVPRINTEREVENT = BOOL(WINAPI*)(LPWSTR, INT, DWORD, LPARAM);
+using PFNDRVDRIVEREVENT = BOOL(WINAPI*)(DWORD, DWORD, LPBYTE, LPARAM);
 using PFNX100GETLASTMESSAGE = DWORD(WINAPI*)(PWSTR, DWORD);
 using PFNX100GETLASTSHEETRESULT = DWORD(WINAPI*)();
 using PFNX100CHECKDEVMODE = BOOL(WINAPI*)(PCWSTR, const void*, DWORD);

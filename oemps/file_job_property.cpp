@@ -70,6 +70,6 @@ void FileJobProperty() {
 
     const std::string command = FileCommand(CreateCommand(), address);
     ZR_LOG("%s\n", command.c_str());
-    if (RunProgram(command, false) == ProgramRun::NotStarted)
+    if (RunProgram(command, ProgramWindow::OwnChoice) == ProgramRun::NotStarted)
         ZR_LOG("error=%lu\n", GetLastError());
 }

@@ -4,6 +4,7 @@
 #include "oemps/device_sheet.h"
 #include "oemps/devmode.h"
 #include "oemps/document_sheet.h"
+#include "oemps/driver_event.h"
 #include "oemps/oem_devmode.h"
 #include "oemps/printer_event.h"
 #include "oemps/property_page.h"
@@ -106,18 +107,38 @@ HRESULT STDMETHODCALLTYPE IOemUI::UpgradePrinter(DWORD, PBYTE) {
     return E_NOTIMPL;
 }
 
-HRESULT STDMETHODCALLTYPE IOemUI::PrinterEvent(PWSTR printerName, INT event, DWORD flags, LPARAM param) {
-    return ComGuard(__func__, [&] {
-        ZR_LOG_ENTRY();
-        return hrOEMPrinterEvent(printerName, event, flags, param);
+// Whatever comes of an event, the driver goes on as if the plug-in had declined.
+HRESULT STDMETHODCALLTYPE IOemUI::PrinterEvent(PWSTR printerName, INT event, DWORD, LPARAM) {
+    ZR_LOG_ENTRY();
+    ComGuard(__func__, [&] {
+        switch (event) {
+        case PRINTER_EVENT_ADD_CONNECTION:
+        case PRINTER_EVENT_INITIALIZE: PrinterAdded(printerName); break;
+        case PRINTER_EVENT_DELETE: PrinterDeleted(printerName); break;
+        default: break;
+        }
+        return S_OK;
     });
+    return E_NOTIMPL;
 }
 
-HRESULT STDMETHODCALLTYPE IOemUI::DriverEvent(DWORD event, DWORD level, LPBYTE driverInfo, LPARAM param) {
-    return ComGuard(__func__, [&] {
-        ZR_LOG_ENTRY();
-        return hrOEMDriverEvent(event, level, driverInfo, param);
+HRESULT STDMETHODCALLTYPE IOemUI::DriverEvent(DWORD event, DWORD, LPBYTE, LPARAM) {
+    ZR_LOG_ENTRY();
+    ComGuard(__func__, [&] {
+        switch (event) {
+        case DRIVER_EVENT_INITIALIZE:
+            WarnWithoutDotNet();
+            RunNgenExecute(1);
+            break;
+        case DRIVER_EVENT_DELETE:
+            RunNgenExecute(0);
+            DeletePrintOptionDirectoy();
+            break;
+        default: break;
+        }
+        return S_OK;
     });
+    return E_NOTIMPL;
 }
 
 HRESULT STDMETHODCALLTYPE IOemUI::QueryColorProfile(HANDLE, POEMUIOBJ, PDEVMODEW, PVOID, ULONG queryMode,

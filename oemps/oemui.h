@@ -4,6 +4,8 @@
 #include "oemps/com_object.h"
 #include "oemps/printoem.h"
 
+#include <span>
+
 class IOemUI final : public ComObject<IPrintOemUI, IID_IPrintOemUI> {
   public:
     IOemUI();
@@ -29,6 +31,14 @@ class IOemUI final : public ComObject<IPrintOemUI, IID_IPrintOemUI> {
     HRESULT STDMETHODCALLTYPE FontInstallerDlgProc(HWND dialog, UINT message, WPARAM wParam,
                                                    LPARAM lParam) override;
     HRESULT STDMETHODCALLTYPE UpdateExternalFonts(HANDLE printer, HANDLE heap, PWSTR cartridges) override;
+
+    // Pre-compiles the job property application's managed assemblies, or undoes that for 0.
+    static void RunNgenExecute(int install);
+    // Deletes the application's directories, that of the other architecture too.
+    static void DeletePrintOptionDirectoy();
+    // The application's directory below the Windows directory: that of 64-bit machines if the texts are
+    // equal.
+    static void GetJobPropPath(const char* processor, const char* amd64, std::span<char, 260> out);
 
   private:
     ~IOemUI() override;

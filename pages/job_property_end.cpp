@@ -35,7 +35,7 @@ void CPSPageDlg::ExitJobProperty() {
     ZR_LOG_ENTRY();
     const std::string command = ExitCommand(CreateCommand(), HandOutSettingKeyName());
     ZR_LOG("ジョブプロパティ終了 コマンドライン:%s\n", command.c_str());
-    const auto process = TheProcessRunner().Start(command, false);
+    const auto process = TheProcessRunner().Start(command, ProgramWindow::OwnChoice);
     if (!process) {
         ZR_LOG("起動失敗=%x\n", static_cast<unsigned>(GetLastError()));
         return;

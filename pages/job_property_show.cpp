@@ -66,7 +66,7 @@ int CStandardPageDlg::DoModalPrintOptionUI() {
     manager->AllCurrentToSession();
     const std::string command = ShowCommand(CreateCommand(), key);
     ZR_LOG("コマンドライン:%s\n", command.c_str());
-    switch (RunProgram(command, true)) {
+    switch (RunProgram(command, ProgramWindow::Shown)) {
     case ProgramRun::NotStarted: ZR_LOG("起動失敗=%x\n", static_cast<unsigned>(GetLastError())); return 0;
     case ProgramRun::NotIdle: ZR_LOG("the application is not waited for\n"); return 1;
     case ProgramRun::Ended: break;

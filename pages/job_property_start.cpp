@@ -26,7 +26,7 @@ int CStandardPageDlg::StartJobProperty(SessionBlock* session) {
 
     const std::string command = StartCommand(CreateCommand(), start);
     ZR_LOG("ジョブプロパティ起動 コマンドライン:%s\n", command.c_str());
-    const auto process = TheProcessRunner().Start(command, false);
+    const auto process = TheProcessRunner().Start(command, ProgramWindow::OwnChoice);
     if (!process) {
         ZR_LOG("起動失敗=%x\n", static_cast<unsigned>(GetLastError()));
         return 0;

@@ -19,6 +19,10 @@ class SystemProcess final : public StartedProcess {
 
     bool WaitForInputIdle() override { return ::WaitForInputIdle(m_process.Get(), INFINITE) == 0; }
     DWORD Wait(DWORD milliseconds) override { return WaitForSingleObject(m_process.Get(), milliseconds); }
+    DWORD ExitCode() override {
+        DWORD code = 0;
+        return GetExitCodeProcess(m_process.Get(), &code) ? code : 0;
+    }
     void CloseThread() override { m_thread.Reset(); }
     void CloseProcess() override { m_process.Reset(); }
     void Abandon() override {
@@ -46,17 +50,18 @@ std::string ProgramPath(DWORD id) {
 
 class SystemRunner final : public ProcessRunner {
   public:
-    std::unique_ptr<StartedProcess> Start(const std::string& commandLine, bool showWindow) override {
+    std::unique_ptr<StartedProcess> Start(const std::string& commandLine, ProgramWindow window) override {
         STARTUPINFOA startup{};
         startup.cb = sizeof startup;
-        if (showWindow) {
+        if (window == ProgramWindow::Shown) {
             startup.dwFlags = STARTF_USESHOWWINDOW;
             startup.wShowWindow = SW_SHOW;
         }
+        const DWORD flags = NORMAL_PRIORITY_CLASS | (window == ProgramWindow::None ? CREATE_NO_WINDOW : 0);
         PROCESS_INFORMATION started{};
         std::string writable = commandLine;
-        if (!CreateProcessA(nullptr, writable.data(), nullptr, nullptr, FALSE, NORMAL_PRIORITY_CLASS, nullptr,
-                            nullptr, &startup, &started))
+        if (!CreateProcessA(nullptr, writable.data(), nullptr, nullptr, FALSE, flags, nullptr, nullptr,
+                            &startup, &started))
             return nullptr;
         return std::make_unique<SystemProcess>(started);
     }
@@ -84,8 +89,8 @@ ProcessRunner& TheProcessRunner() {
     return *runner;
 }
 
-ProgramRun RunProgram(const std::string& commandLine, bool showWindow) {
-    const auto process = TheProcessRunner().Start(commandLine, showWindow);
+ProgramRun RunProgram(const std::string& commandLine, ProgramWindow window) {
+    const auto process = TheProcessRunner().Start(commandLine, window);
     if (!process)
         return ProgramRun::NotStarted;
     if (!process->WaitForInputIdle()) {

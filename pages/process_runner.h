@@ -1,5 +1,5 @@
-// Starting programs and waiting for them: all that the link to the job property application asks of the
-// system.
+// Starting programs and waiting for them: all that the link to the job property application and the driver's
+// installation ask of the system.
 #pragma once
 
 #include <windows.h>
@@ -13,17 +13,25 @@ class StartedProcess {
     virtual ~StartedProcess() = default;
     virtual bool WaitForInputIdle() = 0;
     virtual DWORD Wait(DWORD milliseconds) = 0;
+    // STILL_ACTIVE while it runs; 0 if it can't be told.
+    virtual DWORD ExitCode() = 0;
     virtual void CloseThread() = 0;
     virtual void CloseProcess() = 0;
     // Gives both handles up without closing them.
     virtual void Abandon() = 0;
 };
 
+enum class ProgramWindow {
+    OwnChoice, // the program shows what it likes
+    Shown,
+    None, // and no console's window
+};
+
 class ProcessRunner {
   public:
     virtual ~ProcessRunner() = default;
     // Null if the process can't be started; the thread's last error then tells why.
-    virtual std::unique_ptr<StartedProcess> Start(const std::string& commandLine, bool showWindow) = 0;
+    virtual std::unique_ptr<StartedProcess> Start(const std::string& commandLine, ProgramWindow window) = 0;
     // True if the path of the first module of any process that can be asked contains `name`.
     virtual bool IsAnyRunning(const char* name) = 0;
     virtual void Sleep(DWORD milliseconds) = 0;
@@ -38,7 +46,7 @@ enum class ProgramRun {
     Ended,
 };
 // Starts a program and waits, without a limit, until it takes input and then for its end.
-ProgramRun RunProgram(const std::string& commandLine, bool showWindow);
+ProgramRun RunProgram(const std::string& commandLine, ProgramWindow window);
 
 // Puts a runner in the place of the system's while it lives.
 class ReplacedProcessRunner {

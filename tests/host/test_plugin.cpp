@@ -149,8 +149,17 @@ class TestPlugin final : public IPrintOemUI {
         return E_NOTIMPL;
     }
     HRESULT STDMETHODCALLTYPE UpgradePrinter(DWORD, PBYTE) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE PrinterEvent(PWSTR, INT, DWORD, LPARAM) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE DriverEvent(DWORD, DWORD, LPBYTE, LPARAM) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE PrinterEvent(PWSTR name, INT event, DWORD flags, LPARAM param) override {
+        const std::wstring text = name ? name : L"(none)";
+        Record("PrinterEvent" + std::to_string(event) + ":" + std::string(text.begin(), text.end()) + ":" +
+               std::to_string(flags) + ":" + std::to_string(param));
+        return g_hooks.eventStatus;
+    }
+    HRESULT STDMETHODCALLTYPE DriverEvent(DWORD event, DWORD level, LPBYTE info, LPARAM param) override {
+        Record("DriverEvent" + std::to_string(event) + ":" + std::to_string(level) + ":" +
+               (info ? std::to_string(*info) : "(none)") + ":" + std::to_string(param));
+        return g_hooks.eventStatus;
+    }
     HRESULT STDMETHODCALLTYPE QueryColorProfile(HANDLE, POEMUIOBJ, PDEVMODEW, PVOID, ULONG, VOID*, ULONG*,
                                                 FLONG*) override {
         return E_NOTIMPL;

@@ -22,6 +22,7 @@ struct TestPluginHooks {
     HRESULT devModeStatus = S_OK;
     HRESULT takeStatus = S_OK; // of merging and converting
     DWORD blockSize = sizeof(TestBlock);
+    HRESULT eventStatus = E_NOTIMPL;
     DWORD oemItems = 0;
     HRESULT pagesStatus = S_OK;
     bool addPages = true; // as a plug-in whose other sheet is still open does not

@@ -244,6 +244,16 @@ TEST_F(SpoolerTest, AnswersCapabilities) {
     EXPECT_EQ(ask(DC_FILEDEPENDENCIES), -1);
 }
 
+// Its description, and so the file that names the plug-in, has another name than the one beside the module.
+TEST_F(SpoolerTest, HandsAnEventToThePluginOfThePrintersOwnDriver) {
+    const HMODULE module = LoadLibraryW((m_installed.driverDirectory + L"\\x100drvui.dll").c_str());
+    std::wstring name = kTestPrinter;
+    EXPECT_TRUE(FunctionOf<PFNDRVPRINTEREVENT>(module, "DrvPrinterEvent")(name.data(), 4, 0, 0));
+    EXPECT_STREQ(FunctionOf<PFNTESTPLUGINCALLS>(m_plugin, "TestPluginCalls")(),
+                 "PrinterEvent4:X100 Spooler Test:0:0 released ");
+    FreeLibrary(module);
+}
+
 TEST_F(SpoolerTest, InstallingAgainAddsNothingAndBringsChangedFiles) {
     std::ofstream(m_folder / "x100test.ppd", std::ios::app) << "*% newer\n";
     InstallResult again = InstallPrinter(m_folder.wstring(), kTestPrinter, TestPackage());

@@ -96,12 +96,6 @@ class PrintingToAFile : public Locale {
                "PrinterDriverApplication.exe -file dummyID dummyRegKey PDF ja-JP -ip " +
                address + " -onceForce -iotproduct 10 ";
     }
-    static bool HasLogged(const std::string& text) {
-        for (const std::string& message : log->Messages())
-            if (message.find(text) != std::string::npos)
-                return true;
-        return false;
-    }
 
     static constexpr wchar_t kJapaneseDriver[] = L"ZR Orvane X100 JPN";
     static inline std::unique_ptr<MainLog> log;
@@ -115,7 +109,7 @@ TEST_F(PrintingToAFile, StartsTheApplicationForThePrintersAddressAndWaitsForItsE
     FileJobProperty();
     EXPECT_EQ(runner.calls, (Calls{"start: " + CommandLine("10.1.2.3"), "idle", "close thread",
                                    "wait for ever", "close process"}));
-    EXPECT_TRUE(HasLogged("startupMode=0"));
+    EXPECT_TRUE(log->HasLogged("startupMode=0"));
 }
 
 TEST_F(PrintingToAFile, IsInEnglishForADriverThatNamesNoLanguage) {
@@ -162,7 +156,7 @@ TEST_F(PrintingToAFile, LogsTheErrorOfAnApplicationThatCantStart) {
     runner.startError = ERROR_FILE_NOT_FOUND;
     FileJobProperty();
     EXPECT_EQ(runner.calls, Calls{"start: " + CommandLine("")});
-    EXPECT_TRUE(HasLogged("FileJobProperty() error=2"));
+    EXPECT_TRUE(log->HasLogged("FileJobProperty() error=2"));
 }
 
 TEST_F(PrintingToAFile, StopsWithoutAPrinter) {
@@ -170,7 +164,7 @@ TEST_F(PrintingToAFile, StopsWithoutAPrinter) {
     FileJobProperty();
     EXPECT_EQ(runner.calls, Calls{});
     EXPECT_EQ(Language(), "C");
-    EXPECT_TRUE(HasLogged("no printer information"));
+    EXPECT_TRUE(log->HasLogged("no printer information"));
 }
 
 } // namespace

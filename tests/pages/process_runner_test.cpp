@@ -13,7 +13,7 @@ class SystemRunner : public testing::Test {
     // A running stand-in that has waited for input.
     std::unique_ptr<StartedProcess> StartOne(const char* life) {
         StandIn::Behave(life);
-        auto process = runner.Start(standIn.Path() + "-show", true);
+        auto process = runner.Start(standIn.Path() + "-show", ProgramWindow::Shown);
         EXPECT_TRUE(process && process->WaitForInputIdle());
         return process;
     }
@@ -22,7 +22,7 @@ class SystemRunner : public testing::Test {
 TEST_F(SystemRunner, HandsTheCommandLineOnByteForByte) {
     StandIn::Behave("");
     const std::string command = standIn.Path() + " -show  id 表の鍵 PDF ";
-    EXPECT_EQ(RunProgram(command, true), ProgramRun::Ended);
+    EXPECT_EQ(RunProgram(command, ProgramWindow::Shown), ProgramRun::Ended);
     EXPECT_EQ(standIn.Started(), (std::vector<std::string>{command, "1", "5", "32"}))
         << "STARTF_USESHOWWINDOW, SW_SHOW, NORMAL_PRIORITY_CLASS";
 }
@@ -30,7 +30,7 @@ TEST_F(SystemRunner, HandsTheCommandLineOnByteForByte) {
 TEST_F(SystemRunner, AsksForNoWindowUnlessOneIsToBeShown) {
     StandIn::Behave("");
     const std::string command = standIn.Path() + "-exit id";
-    EXPECT_EQ(RunProgram(command, false), ProgramRun::Ended);
+    EXPECT_EQ(RunProgram(command, ProgramWindow::OwnChoice), ProgramRun::Ended);
     const std::vector<std::string> started = standIn.Started();
     ASSERT_EQ(started.size(), 4u);
     EXPECT_EQ(started[0], command);
@@ -58,19 +58,21 @@ TEST_F(SystemRunner, RunsAProgramToItsEndAlsoIfThatIsByForce) {
     StandInRunner killing(runner, standIn.Path(), standIn.Path());
     killing.whenIdle = [this] { standIn.Kill(); };
     const ReplacedProcessRunner replaced(killing);
-    EXPECT_EQ(RunProgram(standIn.Path() + "-show", true), ProgramRun::Ended);
+    EXPECT_EQ(RunProgram(standIn.Path() + "-show", ProgramWindow::Shown), ProgramRun::Ended);
 }
 
 TEST_F(SystemRunner, TellsOfAMissingFile) {
     SetLastError(0);
-    EXPECT_EQ(runner.Start("C:\\no such folder\\PrinterDriverApplication.exe -start id", false), nullptr);
+    EXPECT_EQ(
+        runner.Start("C:\\no such folder\\PrinterDriverApplication.exe -start id", ProgramWindow::OwnChoice),
+        nullptr);
     EXPECT_TRUE(GetLastError() == ERROR_FILE_NOT_FOUND || GetLastError() == ERROR_PATH_NOT_FOUND)
         << GetLastError();
-    EXPECT_EQ(RunProgram("", true), ProgramRun::NotStarted);
+    EXPECT_EQ(RunProgram("", ProgramWindow::Shown), ProgramRun::NotStarted);
 }
 
 TEST_F(SystemRunner, DoesNotWaitForAProgramWithoutInput) {
-    EXPECT_EQ(RunProgram("cmd.exe /c exit", false), ProgramRun::NotIdle);
+    EXPECT_EQ(RunProgram("cmd.exe /c exit", ProgramWindow::OwnChoice), ProgramRun::NotIdle);
 }
 
 TEST_F(SystemRunner, FindsARunningProgramByAnyPartOfItsPath) {

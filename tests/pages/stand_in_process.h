@@ -113,9 +113,9 @@ class StandInRunner final : public ProcessRunner {
     // Runs once a process waits for input, on the thread that has waited for that.
     std::function<void()> whenIdle;
 
-    std::unique_ptr<StartedProcess> Start(const std::string& commandLine, bool showWindow) override {
+    std::unique_ptr<StartedProcess> Start(const std::string& commandLine, ProgramWindow window) override {
         EXPECT_TRUE(commandLine.starts_with(m_application)) << commandLine;
-        auto process = m_system.Start(m_program + commandLine.substr(m_application.size()), showWindow);
+        auto process = m_system.Start(m_program + commandLine.substr(m_application.size()), window);
         return process ? std::make_unique<Process>(std::move(process), *this) : nullptr;
     }
     bool IsAnyRunning(const char* name) override { return m_system.IsAnyRunning(name); }
@@ -135,6 +135,7 @@ class StandInRunner final : public ProcessRunner {
         DWORD Wait(DWORD milliseconds) override {
             return m_process->Wait(std::min(milliseconds, m_runner.limit));
         }
+        DWORD ExitCode() override { return m_process->ExitCode(); }
         void CloseThread() override { m_process->CloseThread(); }
         void CloseProcess() override { m_process->CloseProcess(); }
         void Abandon() override { m_process->Abandon(); }

@@ -9,9 +9,10 @@
 #include <string>
 #include <vector>
 
-// What the link did, one text each: "start: COMMAND LINE", "show: COMMAND LINE", "idle", "wait MILLISECONDS",
-// "wait for ever", "close thread", "close process", "abandon", "is NAME running", "sleep MILLISECONDS". A
-// process that goes with a handle open adds "thread left" or "process left".
+// What the link did, one text each: "start: COMMAND LINE", "show: COMMAND LINE", "start without window:
+// COMMAND LINE", "idle", "wait MILLISECONDS", "wait for ever", "exit code", "close thread", "close process",
+// "abandon", "is NAME running", "sleep MILLISECONDS". A process that goes with a handle open adds "thread
+// left" or "process left".
 class RecordingRunner final : public ProcessRunner {
   public:
     std::vector<std::string> calls;
@@ -20,14 +21,16 @@ class RecordingRunner final : public ProcessRunner {
     DWORD startError = 0;
     bool becomesIdle = true;
     DWORD waitResult = WAIT_OBJECT_0;
+    // The answers when exit codes are asked for in turn, then 0.
+    std::deque<DWORD> exitCodes;
     // The answers of the rounds of IsAnyRunning in turn, then false.
     std::deque<bool> running;
     // Runs inside these, as what the started process would do.
     std::function<void()> onStart;
     std::function<void()> onWait;
 
-    std::unique_ptr<StartedProcess> Start(const std::string& commandLine, bool showWindow) override {
-        calls.push_back((showWindow ? "show: " : "start: ") + commandLine);
+    std::unique_ptr<StartedProcess> Start(const std::string& commandLine, ProgramWindow window) override {
+        calls.push_back(StartWord(window) + commandLine);
         if (onStart)
             onStart();
         if (startError == 0)
@@ -51,12 +54,23 @@ class RecordingRunner final : public ProcessRunner {
     std::vector<std::string> CommandLines() const {
         std::vector<std::string> lines;
         for (const std::string& call : calls)
-            if (call.starts_with("start: ") || call.starts_with("show: "))
-                lines.push_back(call.substr(call.find(' ') + 1));
+            for (const ProgramWindow window :
+                 {ProgramWindow::OwnChoice, ProgramWindow::Shown, ProgramWindow::None})
+                if (const std::string word = StartWord(window); call.starts_with(word))
+                    lines.push_back(call.substr(word.size()));
         return lines;
     }
 
   private:
+    static std::string StartWord(ProgramWindow window) {
+        switch (window) {
+        case ProgramWindow::Shown: return "show: ";
+        case ProgramWindow::None: return "start without window: ";
+        case ProgramWindow::OwnChoice: break;
+        }
+        return "start: ";
+    }
+
     class Process final : public StartedProcess {
       public:
         explicit Process(RecordingRunner& runner) : m_runner(runner) {}
@@ -75,6 +89,14 @@ class RecordingRunner final : public ProcessRunner {
             if (m_runner.onWait)
                 m_runner.onWait();
             return m_runner.waitResult;
+        }
+        DWORD ExitCode() override {
+            Note("exit code");
+            if (m_runner.exitCodes.empty())
+                return 0;
+            const DWORD code = m_runner.exitCodes.front();
+            m_runner.exitCodes.pop_front();
+            return code;
         }
         void CloseThread() override {
             Note("close thread");
