@@ -106,4 +106,13 @@ const std::map<int, Controls> kControls{
       {4006, Kind::Button},
       {1214, Kind::Button},
       {1, Kind::Button},
-      {2, Kind::Button}}}};
+      {2, Kind::Button}}},
+    {kDevicePage,
+     {{1109, Kind::Group},
+      {1403, Kind::Text, 1109},
+      {1376, Kind::Button, 1403},
+      {1410, Kind::Group},
+      {1411, Kind::Text, 1410},
+      {1398, Kind::Button, 1411},
+      {1399, Kind::Button, 1398},
+      {1243, Kind::Check}}}};

@@ -14,9 +14,10 @@ inline constexpr int kMediaTypeAutoTray = 4006;
 inline constexpr int kJobName = 1027;
 inline constexpr int kSavePreset = 1028;
 inline constexpr int kFavorites = 1126;
-inline constexpr std::array kTemplates{kStandardPage, kAdvancedPage,    kCustomPage,
-                                       kMediaType,    kMediaTypeBypass, kMediaTypeAutoTray,
-                                       kJobName,      kSavePreset,      kFavorites};
+inline constexpr int kDevicePage = 1121;
+inline constexpr std::array kTemplates{kStandardPage,    kAdvancedPage,      kCustomPage, kMediaType,
+                                       kMediaTypeBypass, kMediaTypeAutoTray, kJobName,    kSavePreset,
+                                       kFavorites,       kDevicePage};
 
 enum class Kind {
     Text,

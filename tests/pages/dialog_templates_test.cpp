@@ -90,7 +90,8 @@ TEST(DialogTemplates, HaveTheirSizes) {
                                             {kCustomPage, 263, 104},
                                             {kJobName, 263, 88},
                                             {kSavePreset, 263, 68},
-                                            {kFavorites, 320, 154}}) {
+                                            {kFavorites, 320, 154},
+                                            {kDevicePage, 252, 218}}) {
         const Template dialog(id);
         // A page has a caption in its template, which the property sheet takes off.
         RECT client{};

@@ -40,11 +40,13 @@ const Translations& TranslationsOf(const std::string& keyword) {
 Feature ReadFeature(std::vector<std::string>::const_iterator line) {
     Feature feature;
     feature.keyword = Between(*line, "*OpenUI *", "/");
+    feature.english = Between(*line, "*OpenUI *" + feature.keyword + '/', ":");
     feature.japanese = TranslationOf("Translation", feature.keyword);
     for (; line != Description().end() && *line != "*CloseUI: *" + feature.keyword; ++line) {
         const std::string option = Between(*line, '*' + feature.keyword + ' ', "/");
+        const std::string english = Between(*line, '*' + feature.keyword + ' ' + option + '/', ":");
         if (!option.empty())
-            feature.options.push_back({option, TranslationOf(feature.keyword, option)});
+            feature.options.push_back({option, english, TranslationOf(feature.keyword, option)});
         if (line->starts_with("*Default" + feature.keyword + ": "))
             feature.defaultOption = line->substr(line->find(' ') + 1);
     }

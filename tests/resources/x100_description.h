@@ -8,11 +8,13 @@ namespace x100_description {
 
 struct Option {
     std::string keyword;
+    std::string english;
     std::string japanese;
 };
 
 struct Feature {
     std::string keyword;
+    std::string english;
     std::string japanese;
     std::string defaultOption;
     std::vector<Option> options;
