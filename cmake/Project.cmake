@@ -25,6 +25,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(zr_flags INTERFACE -Wno-restrict)
 endif()
 if(WIN32)
+    # What resources/module_version.rc tells.
+    string(REPLACE "." "," version_numbers ${PROJECT_VERSION})
+    add_compile_definitions($<$<COMPILE_LANGUAGE:RC>:ZR_VERSION=${version_numbers}>
+        $<$<COMPILE_LANGUAGE:RC>:ZR_VERSION_TEXT=${PROJECT_VERSION}>)
     target_compile_definitions(zr_flags INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601
         PSAPI_VERSION=1 _GLIBCXX_ASSERTIONS)
     target_compile_options(zr_flags INTERFACE -fstack-protector-strong)
@@ -49,16 +53,21 @@ function(zr_library name)
     set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ${ZR_FUZZERS})
 endfunction()
 
+# Of modules and programs the same sources make the same bytes, at whatever time.
+set(zr_timeless_link $<$<BOOL:${WIN32}>:-Wl,--no-insert-timestamp>)
+
 # zr_module(name source...): one of the product's DLLs.
 function(zr_module name)
     add_library(${name} SHARED ${ARGN})
     target_link_libraries(${name} PRIVATE zr_flags)
+    target_link_options(${name} PRIVATE ${zr_timeless_link})
 endfunction()
 
 # zr_program(name source...)
 function(zr_program name)
     add_executable(${name} ${ARGN})
     target_link_libraries(${name} PRIVATE zr_flags)
+    target_link_options(${name} PRIVATE ${zr_timeless_link})
 endfunction()
 
 # zr_host_tool(name SOURCES source... [LIBS library...]): a program that the build itself runs, so it is made for the

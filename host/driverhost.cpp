@@ -60,16 +60,16 @@ int ShowSheet(const Options& options) {
     script::Script script;
     if (const int status = LoadScript(options, script); status != kGood)
         return status;
-    const Installed installed = Install(options);
+    const std::wstring printer = Wide(options.printer);
+    const Installed installed = options.installed ? FindInstalled(printer) : Install(options);
     if (!installed.error.empty())
         return Fail(installed.error);
     if (!installed.lacking.empty())
         PrintError("driverhost: " + installed.lacking + "\n");
-    const DriverModule driver(installed.driverDirectory);
+    const DriverModule driver(installed.configModule);
     if (!driver.Trouble().empty())
         return Fail(driver.Trouble());
 
-    const std::wstring printer = Wide(options.printer);
     const SettingsFile settings(printer);
     std::string sheetError;
     Show show;
@@ -119,8 +119,11 @@ int DumpSettings(const Options& options) {
 
 int RemoveAll(const Options& options) {
     const std::wstring printer = Wide(options.printer);
-    if (const std::string error = Remove(printer); !error.empty())
-        return Fail(error);
+    const Removed removed = Remove(printer);
+    if (!removed.untold.empty())
+        PrintError("driverhost: the driver does not know of it: " + removed.untold + "\n");
+    if (!removed.error.empty())
+        return Fail(removed.error);
     const std::string error = SettingsFile(printer).Forget();
     return error.empty() ? kGood : Fail(error);
 }

@@ -14,7 +14,10 @@
 #include <array>
 #include <initializer_list>
 #include <string_view>
+#include <utility>
 #include <variant>
+
+#include <winddiui.h>
 
 namespace driverhost {
 namespace {
@@ -67,7 +70,7 @@ class StagingFolder {
 
 Installed Outcome(const InstallResult& result) {
     return {result.ok ? "" : "the printer can't be installed: " + Utf8(result.message),
-            result.driverDirectory, Utf8(result.lacking)};
+            result.driverDirectory + L"\\" + DriverPackage().configFile, Utf8(result.lacking)};
 }
 
 Installed InstallWithDescription(const std::wstring& printer, const std::wstring& description) {
@@ -82,6 +85,70 @@ Installed InstallWithDescription(const std::wstring& printer, const std::wstring
     if (!staging.Take(description, package.dataFile))
         return {"the device description " + Utf8(description) + " can't be copied", L"", ""};
     return Outcome(InstallPrinter(staging.Path(), printer, package));
+}
+
+UniquePrinter Opened(std::wstring printerName) {
+    UniquePrinter printer;
+    OpenPrinterW(printerName.data(), printer.Receive(), nullptr);
+    return printer;
+}
+
+std::string MessageOf(PFNX100GETLASTMESSAGE lastMessage, const std::string& otherwise) {
+    std::array<wchar_t, 1024> buffer{};
+    if (!lastMessage || lastMessage(buffer.data(), static_cast<DWORD>(buffer.size())) == 0)
+        return otherwise;
+    return Utf8(buffer.data());
+}
+
+// Calls a module's function, and returns "" or why its driver was not told.
+template <typename Function, typename Call>
+std::string Tell(const std::wstring& file, const std::string& functionName, Call call) {
+    const UniqueModule module(LoadLibraryExW(file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    if (!module)
+        return Utf8(file) + " can't be loaded: " + ErrorText(GetLastError());
+    const auto function = FunctionOf<Function>(module.Get(), functionName.c_str());
+    if (!function)
+        return "the installed driver has no " + functionName;
+    if (call(function))
+        return "";
+    return MessageOf(FunctionOf<PFNX100GETLASTMESSAGE>(module.Get(), "X100GetLastMessage"),
+                     functionName + " fails");
+}
+
+// The spooler tells a printer's driver before it deletes the printer.
+std::string TellOfPrintersDeletion(std::wstring printerName) {
+    if (!Opened(printerName))
+        return "";
+    const Installed installed = FindInstalled(printerName);
+    if (!installed.error.empty())
+        return installed.error;
+    return Tell<PFNDRVPRINTEREVENT>(installed.configModule, "DrvPrinterEvent", [&](auto event) {
+        return event(printerName.data(), PRINTER_EVENT_DELETE, 0, 0);
+    });
+}
+
+// The module of the driver that the spooler has; "" for one that is not there.
+std::wstring RegisteredModule() {
+    DWORD needed = 0;
+    DWORD count = 0;
+    EnumPrinterDriversW(nullptr, nullptr, 3, nullptr, 0, &needed, &count);
+    std::vector<BYTE> buffer(needed);
+    if (!EnumPrinterDriversW(nullptr, nullptr, 3, buffer.data(), needed, &needed, &count))
+        return L"";
+    for (const DRIVER_INFO_3W& driver :
+         std::span(reinterpret_cast<const DRIVER_INFO_3W*>(buffer.data()), count))
+        if (driver.pName && std::wstring_view(driver.pName) == kDriverName && driver.pConfigFile)
+            return driver.pConfigFile;
+    return L"";
+}
+
+// So is the driver before it goes itself.
+std::string TellOfDriversDeletion() {
+    const std::wstring module = RegisteredModule();
+    if (module.empty())
+        return "";
+    return Tell<PFNDRVDRIVEREVENT>(module, "DrvDriverEvent",
+                                   [](auto event) { return event(DRIVER_EVENT_DELETE, 3, nullptr, 0); });
 }
 
 // Other printers may have been installed with the same driver.
@@ -110,9 +177,9 @@ std::string RemoveDriver() {
         if (error == ERROR_SUCCESS || error == ERROR_UNKNOWN_PRINTER_DRIVER)
             return "";
         if (error != ERROR_INVALID_PARAMETER)
-            break;
+            return "the driver can't be removed: " + ErrorText(error);
     }
-    return "the driver can't be removed: " + ErrorText(GetLastError());
+    return "the driver can't be removed: " + ErrorText(ERROR_INVALID_PARAMETER);
 }
 
 } // namespace
@@ -127,16 +194,32 @@ Installed Install(const Options& options) {
                                : InstallWithDescription(printer, description);
 }
 
-std::string Remove(const std::wstring& printerName) {
+Installed FindInstalled(const std::wstring& printerName) {
+    const UniquePrinter printer = Opened(printerName);
+    if (!printer)
+        return {"there is no printer " + Utf8(printerName) + ": " + ErrorText(GetLastError()), L"", ""};
+    const auto module = DriverConfigFile(printer.Get());
+    if (!module)
+        return {"the spooler does not tell the printer's driver: " + ErrorText(GetLastError()), L"", ""};
+    return {"", *module, ""};
+}
+
+Removed Remove(const std::wstring& printerName) {
+    Removed removed;
+    removed.untold = TellOfPrintersDeletion(printerName);
     if (!RemovePrinter(printerName))
-        return "the printer can't be removed: " + ErrorText(GetLastError());
-    return IsDriverInUse() ? "" : RemoveDriver();
+        removed.error = "the printer can't be removed: " + ErrorText(GetLastError());
+    if (!removed.error.empty() || IsDriverInUse())
+        return removed;
+    if (std::string untold = TellOfDriversDeletion(); !untold.empty())
+        removed.untold = std::move(untold);
+    removed.error = RemoveDriver();
+    return removed;
 }
 
 std::wstring DescriptionOf(const std::wstring& printerName) {
-    std::wstring name = printerName;
-    UniquePrinter printer;
-    if (!OpenPrinterW(name.data(), printer.Receive(), nullptr))
+    const UniquePrinter printer = Opened(printerName);
+    if (!printer)
         return L"";
     return DriverDataFile(printer.Get()).value_or(L"");
 }
@@ -148,8 +231,7 @@ void DriverModule::Find(HMODULE module, const char* name, Function& function) {
         m_trouble = "the installed driver has no " + std::string(name);
 }
 
-DriverModule::DriverModule(const std::wstring& driverDirectory) {
-    const std::wstring file = driverDirectory + L"\\" + DriverPackage().configFile;
+DriverModule::DriverModule(const std::wstring& file) {
     const HMODULE module = LoadLibraryExW(file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (!module) {
         m_trouble = Utf8(file) + " can't be loaded: " + ErrorText(GetLastError());
@@ -162,10 +244,7 @@ DriverModule::DriverModule(const std::wstring& driverDirectory) {
 }
 
 std::string DriverModule::LastMessage(const std::string& otherwise) const {
-    std::array<wchar_t, 1024> buffer{};
-    if (!m_lastMessage || m_lastMessage(buffer.data(), static_cast<DWORD>(buffer.size())) == 0)
-        return otherwise;
-    return Utf8(buffer.data());
+    return MessageOf(m_lastMessage, otherwise);
 }
 
 std::string DriverModule::Refusal(const std::wstring& printerName, std::span<const std::byte> devmode) const {

@@ -12,17 +12,27 @@
 namespace driverhost {
 
 struct Installed {
-    std::string error;            // UTF-8; "" if the printer is there
-    std::wstring driverDirectory; // where the spooler keeps the driver's files
-    std::string lacking;          // UTF-8; what the printer has to do without, "" if nothing
+    std::string error;         // UTF-8; "" if the printer is there
+    std::wstring configModule; // of its driver, in the spooler's folder
+    std::string lacking;       // UTF-8; what the printer has to do without, "" if nothing
 };
 
 // Brings driver and printer in from the files beside the program, the device description from where the
 // options say. A description that can't be read changes nothing.
 Installed Install(const Options& options);
 
-// Takes printer and driver out; returns "" or what could not be done.
-std::string Remove(const std::wstring& printerName);
+// The printer as somebody else has installed it.
+Installed FindInstalled(const std::wstring& printerName);
+
+struct Removed {
+    std::string error;  // UTF-8; "" if both are gone
+    std::string untold; // UTF-8; why the driver could not be told of it, which keeps nothing
+};
+
+// Takes the printer out, and the driver if no other printer has it. The driver is told first, as the spooler
+// would: of the printer, whose user loses the authentication data for it, and of itself, by which the job
+// property application's directory goes.
+Removed Remove(const std::wstring& printerName);
 
 // The description of the installed printer, "" for one that is not there.
 std::wstring DescriptionOf(const std::wstring& printerName);
@@ -30,7 +40,7 @@ std::wstring DescriptionOf(const std::wstring& printerName);
 // The configuration module out of the spooler's folder.
 class DriverModule {
   public:
-    explicit DriverModule(const std::wstring& driverDirectory);
+    explicit DriverModule(const std::wstring& file);
 
     // Why the module can't be used; "" if it can.
     const std::string& Trouble() const { return m_trouble; }

@@ -27,6 +27,8 @@ class Reader {
             m_options.printer = Argument(word);
         else if (word == "--ppd")
             m_options.ppd = Argument(word);
+        else if (word == "--installed")
+            m_options.installed = true;
         else if (word == "--script")
             m_options.script = Argument(word);
         else if (word == "--timeout")
@@ -75,6 +77,10 @@ class Reader {
             m_options.command == Command::DocumentSheet || m_options.command == Command::DeviceSheet;
         if (!sheet && !m_options.script.empty())
             Fail("--script needs a sheet to play on");
+        if (!sheet && m_options.installed)
+            Fail("--installed goes with a sheet");
+        if (m_options.installed && !m_options.ppd.empty())
+            Fail("--ppd installs, and --installed does not");
     }
 
     void Fail(std::string message) {
@@ -110,11 +116,12 @@ std::string HelpText() {
 
   --printer NAME      the printer's name, "Orvane X100" unless told
   --ppd FILE          installs with this device description instead of the program's own x100.ppd
+  --installed         takes the printer as it is; nothing is installed or brought up to date
   --script FILE       plays the actions of FILE on the sheet; see below
   --timeout SECONDS   cancels a sheet that is open for longer; with a script 60 unless told
 
-The printer is installed from the files beside this program, and an installed one is brought up to date with
-them. The settings are kept per user and printer in %APPDATA%\Zephra\Printers; a change is kept by OK only.
+Unless told otherwise, the printer is installed from the files beside this program, and an installed one is
+brought up to date with them. The settings are kept per user and printer in %APPDATA%\Zephra\Printers; a change is kept by OK only.
 The exit status is 0 if all went well, 1 if not, 2 for a wrong command line. A person's Cancel is not a failure.
 
 A script is UTF-8 text, one action a line, # starts a comment. Words with blanks stand in double quotes, in

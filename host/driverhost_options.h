@@ -15,6 +15,7 @@ struct Options {
     Command command = Command::DocumentSheet;
     std::string printer = "Orvane X100";
     std::string ppd;            // "" for the description beside the program
+    bool installed = false;     // the printer is taken as it is, nothing is installed
     std::string script;         // "" for a sheet that a person works on
     std::optional<int> timeout; // seconds
     std::string error;          // why the command line can't be followed, "" if it can

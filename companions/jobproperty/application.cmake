@@ -21,6 +21,7 @@ if(WIN32)
     target_link_libraries(PrinterDriverApplication PRIVATE delayimp)
     set_property(SOURCE application.rc PROPERTY OBJECT_DEPENDS
         "${PROJECT_SOURCE_DIR}/resources/strings.def;${PROJECT_SOURCE_DIR}/resources/strings.rc;\
+${PROJECT_SOURCE_DIR}/resources/module_version.rc;\
 ${PROJECT_SOURCE_DIR}/resources/x100.ppd;${CMAKE_CURRENT_SOURCE_DIR}/window.rc;${CMAKE_CURRENT_SOURCE_DIR}/texts.def;\
 ${CMAKE_CURRENT_SOURCE_DIR}/window_resource.h;${CMAKE_CURRENT_SOURCE_DIR}/application.manifest")
 endif()

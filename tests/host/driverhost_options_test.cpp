@@ -70,10 +70,24 @@ TEST(DriverhostOptions, RefuseAScriptWithoutASheet) {
     EXPECT_EQ(Read({"--dump", "--script", "s.txt"}).error, "--script needs a sheet to play on");
 }
 
+TEST(DriverhostOptions, TakeAnInstalledPrinterForEitherSheet) {
+    EXPECT_FALSE(Read({}).installed);
+    for (const Options& options : {Read({"--installed"}), Read({"--installed", "--device"})}) {
+        EXPECT_EQ(options.error, "");
+        EXPECT_TRUE(options.installed);
+    }
+}
+
+TEST(DriverhostOptions, RefuseAnInstalledPrinterWithWhatInstallsOrOpensNoSheet) {
+    EXPECT_EQ(Read({"--installed", "--ppd", "a.ppd"}).error, "--ppd installs, and --installed does not");
+    EXPECT_EQ(Read({"--installed", "--dump"}).error, "--installed goes with a sheet");
+}
+
 TEST(DriverhostOptions, HelpTellsTheOptionsTheActionsAndTheFormatOfADump) {
     const std::string help = driverhost::HelpText();
-    for (const char* word : {"--printer NAME", "--device", "--script FILE", "--dump", "--ppd FILE",
-                             "--remove", "--timeout SECONDS", "choose ID ROW|\"text\"", "[plug-in]"})
+    for (const char* word :
+         {"--printer NAME", "--device", "--script FILE", "--dump", "--ppd FILE", "--remove",
+          "--timeout SECONDS", "--installed", "choose ID ROW|\"text\"", "[plug-in]"})
         EXPECT_NE(help.find(word), std::string::npos) << word;
 }
 
