@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Opens the printing preferences of "Orvane X100". Without a display it plays a short script on them instead and leaves
-# screenshots in build/screenshots/. Builds the product and installs what is missing first. Options go to driverhost.exe.
+# Opens the printing preferences of "Orvane X100". Without a display it plays short scripts on them and on the printer's
+# own sheet instead and leaves screenshots in build/screenshots/. Builds the product and installs what is missing first.
+# Options go to driverhost.exe.
 set -euo pipefail
 called_from=$PWD
 cd "$(dirname "${BASH_SOURCE[0]}")"
@@ -37,6 +38,8 @@ tools/with-display.sh tools/with-wine.sh bash -euc '
     for script in pictures pictures_job_properties choose_quality quality_is_kept; do
         "$ZR_ROOT/tools/wine-run.sh" "$ZR_ROOT/build/windows/bin/driverhost.exe" \
             --script "Z:$ZR_ROOT/tests/sheet/scripts/$script.txt"
-    done'
+    done
+    "$ZR_ROOT/tools/wine-run.sh" "$ZR_ROOT/build/windows/bin/driverhost.exe" --device \
+        --script "Z:$ZR_ROOT/tests/sheet/scripts/pictures_device.txt"'
 echo "Screenshots are in build/screenshots:"
 ls build/screenshots

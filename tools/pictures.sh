@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Takes pictures of the pages, the dialogs, the file dialogs, the questions and the job property application at 96 and at
-# 144 dpi, with a printer that can do everything:
+# Takes pictures of the pages, the dialogs, the file dialogs, the questions, the job property application and the
+# printer's own sheet with its dialogs at 96 and at 144 dpi, with a printer that can do everything:
 #   tools/pictures.sh [BUILD] [FOLDER]
 # from the programs in BUILD (build/windows) into FOLDER (build/out). Needs the Wine prefix of tools/make-prefix.sh.
 # The pictures of docs/images are those of 96 dpi with the same names; tools/pictures.sh --docs takes them anew.
@@ -37,6 +37,8 @@ tools/with-display.sh tools/with-wine.sh bash -euc '
             "$run" "$ZR_BUILD/bin/driverhost.exe" --remove
             "$run" "$ZR_BUILD/bin/driverhost.exe" --script "Z:$ZR_ROOT/tests/sheet/scripts/$script.txt"
         done
+        "$run" "$ZR_BUILD/bin/driverhost.exe" --remove
+        "$run" "$ZR_BUILD/bin/driverhost.exe" --device --script "Z:$ZR_ROOT/tests/sheet/scripts/pictures_device.txt"
     done'
 
 if [ "$docs" = yes ]; then

@@ -7,12 +7,14 @@
 
 #include <windows.h>
 
-std::string PlayText(const std::string& text, const std::filesystem::path& folder) {
+std::string PlayText(const std::string& text, const std::filesystem::path& folder,
+                     std::vector<std::wstring> options) {
     const std::wstring file =
         (OwnFolder() / (L"text_script_" + std::to_wstring(GetCurrentProcessId()) + L".txt")).wstring();
     const std::string script = driverhost::Utf8OfAnsi(text);
     WriteBytes(file, {script.begin(), script.end()});
-    const ProgramResult result = RunDriverhost({L"--script", file}, folder);
+    options.insert(options.end(), {L"--script", file});
+    const ProgramResult result = RunDriverhost(options, folder);
     EXPECT_EQ(result.status, 0u) << result.output << "\n" << script;
     DeleteFileW(file.c_str());
     return result.output;

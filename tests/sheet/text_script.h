@@ -6,10 +6,12 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 // Plays the text, which is in the code page of these sources, and expects it to end well. Returns what was
-// printed, UTF-8. `folder` is where driverhost.exe stands.
-std::string PlayText(const std::string& text, const std::filesystem::path& folder = OwnFolder());
+// printed, UTF-8. `folder` is where driverhost.exe stands, `options` are others of its options.
+std::string PlayText(const std::string& text, const std::filesystem::path& folder = OwnFolder(),
+                     std::vector<std::wstring> options = {});
 
 // "words NUMBER" and a line feed.
 std::string Line(const std::string& words, std::int64_t number);
