@@ -1,12 +1,12 @@
 #include "host/install_printer.h"
 
 #include "Common/win_handles.h"
+#include "host/whole_file.h"
 
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <optional>
 #include <string_view>
 
 namespace {
@@ -46,15 +46,26 @@ std::filesystem::path DriverDirectory() {
     return std::filesystem::path(path.data()) / L"3";
 }
 
-std::string ReadBytes(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+std::optional<WIN32_FILE_ATTRIBUTE_DATA> AttributesOf(const std::filesystem::path& file) {
+    WIN32_FILE_ATTRIBUTE_DATA attributes{};
+    if (!GetFileAttributesExW(file.c_str(), GetFileExInfoStandard, &attributes))
+        return std::nullopt;
+    return attributes;
 }
 
-bool SameContent(const std::filesystem::path& a, const std::filesystem::path& b) {
-    std::error_code error;
-    auto size = std::filesystem::file_size(a, error);
-    return !error && size == std::filesystem::file_size(b, error) && !error && ReadBytes(a) == ReadBytes(b);
+// Copying keeps the time of the last writing, so that the content of an unchanged file, of which there are
+// many megabytes, need not be read.
+bool IsCopy(const std::filesystem::path& source, const std::filesystem::path& target) {
+    const auto original = AttributesOf(source);
+    const auto copy = AttributesOf(target);
+    if (!original || !copy || original->nFileSizeLow != copy->nFileSizeLow ||
+        original->nFileSizeHigh != copy->nFileSizeHigh)
+        return false;
+    if (CompareFileTime(&original->ftLastWriteTime, &copy->ftLastWriteTime) == 0)
+        return true;
+    constexpr std::size_t kLimit = 0x7FFFFFFF;
+    const auto bytes = ReadWhole(source.wstring(), kLimit);
+    return bytes && bytes == ReadWhole(target.wstring(), kLimit);
 }
 
 // A name that the file can be moved to: one that nothing is at, or only what nobody holds any longer.
@@ -71,7 +82,7 @@ std::filesystem::path AsideName(const std::filesystem::path& path) {
 // A module that a program has loaded, and a program that runs, can't be written to, but can be given another
 // name.
 void Replace(const std::filesystem::path& source, const std::filesystem::path& target) {
-    if (SameContent(source, target))
+    if (IsCopy(source, target))
         return;
     if (CopyFileW(source.c_str(), target.c_str(), FALSE))
         return;

@@ -106,6 +106,30 @@ TEST_F(InstallApplication, IsBroughtUpToDate) {
     EXPECT_FALSE(fs::exists(Target().wstring() + L".old1"));
 }
 
+TEST_F(InstallApplication, OfTheSameLengthIsBroughtUpToDate) {
+    EXPECT_TRUE(Install().ok);
+    Write(m_source / "PrinterDriverApplication.exe", "FIRST");
+    EXPECT_TRUE(Install().ok);
+    EXPECT_EQ(Bytes(Target()), "FIRST");
+}
+
+TEST_F(InstallApplication, KeepsTheTimeOfItsOriginalSoThatItCanBeToldFromAnotherOne) {
+    EXPECT_TRUE(Install().ok);
+    EXPECT_EQ(fs::last_write_time(Target()), fs::last_write_time(m_source / "PrinterDriverApplication.exe"));
+}
+
+TEST_F(InstallApplication, OfTheSameContentStaysAlthoughItsOriginalWasMadeAgain) {
+    fs::copy_file(OwnFolder() / L"driverhost.exe", m_source / "PrinterDriverApplication.exe",
+                  fs::copy_options::overwrite_existing);
+    EXPECT_TRUE(Install().ok);
+    const HeldProgram running(Target());
+    ASSERT_TRUE(running.Started());
+    fs::last_write_time(m_source / "PrinterDriverApplication.exe",
+                        fs::last_write_time(Target()) + std::chrono::hours(1));
+    EXPECT_TRUE(Install().ok);
+    EXPECT_FALSE(fs::exists(Target().wstring() + L".old1"));
+}
+
 TEST_F(InstallApplication, IsMovedAsideWhileItRuns) {
     fs::copy_file(OwnFolder() / L"driverhost.exe", m_source / "PrinterDriverApplication.exe",
                   fs::copy_options::overwrite_existing);
