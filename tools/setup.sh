@@ -6,7 +6,7 @@ ZR_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 packages=(
     git cmake ninja-build g++ g++-mingw-w64-x86-64-posix googletest libbenchmark-dev
-    libxml2-dev libcairo2-dev pkg-config
+    libxml2-dev libcairo2-dev pkg-config zip
     wine64 xvfb openbox locales fonts-ipafont-gothic cups-client
 )
 
