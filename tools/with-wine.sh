@@ -13,7 +13,9 @@ prefix=${ZR_WINEPREFIX:-$ZR_ROOT/build/wineprefix}
 # Held by this shell alone: the server would keep it for as long as it lives.
 exec 8>"$prefix.in-use"
 flock -s 8
+command=
 finish() {
+    [ -z "$command" ] || kill "$command" 2>/dev/null
     if flock -n -x 8; then
         server -k
         server -w
@@ -24,4 +26,11 @@ trap 'exit 130' INT
 trap 'exit 143' TERM
 
 "$ZR_ROOT/tools/wine-run.sh" cmd /c exit >/dev/null 2>&1 </dev/null 8>&-
-"$@" 8>&-
+# In the background, so that a signal is acted on while the command runs; that would take its input away.
+exec 6<&0
+"$@" <&6 6<&- 8>&- &
+command=$!
+wait "$command"
+status=$?
+command=
+exit "$status"
