@@ -5,6 +5,7 @@
 #include "Common/text.h"
 #include "Common/win_handles.h"
 #include "oemps/authentication_data.h"
+#include "oemps/manage_method.h"
 #include "oemps/owner_values.h"
 #include "oemps/printer_names.h"
 
@@ -16,41 +17,6 @@
 #include <string>
 
 namespace {
-
-// The printer's authentication mode; 0, which is off, where its data don't tell one.
-struct ManageMethod {
-    DWORD status = ERROR_SUCCESS;
-    BYTE mode = 0;
-};
-
-DWORD QueryManageMethod(HANDLE printer, BYTE* data, DWORD size, DWORD& needed) {
-    DWORD type = 0;
-    return GetPrinterDataExA(printer, "PrinterDriverData", owner_values::kManageMethod, &type, data, size,
-                             &needed);
-}
-
-// The first byte counts, whatever the value's type and size. Nothing without the memory for the value.
-std::optional<ManageMethod> ReadManageMethod(HANDLE printer) {
-    ManageMethod method;
-    DWORD size = 0;
-    method.status = QueryManageMethod(printer, nullptr, 0, size);
-    if (method.status != ERROR_SUCCESS && method.status != ERROR_MORE_DATA) {
-        ZR_LOG("ManageMethod size, status=%lu\n", method.status);
-        return method;
-    }
-    const std::unique_ptr<BYTE[]> data(new (std::nothrow) BYTE[size]());
-    if (!data) {
-        ZR_LOG("no memory for %lu bytes\n", size);
-        return std::nullopt;
-    }
-    DWORD needed = 0;
-    method.status = QueryManageMethod(printer, data.get(), size, needed);
-    if (method.status != ERROR_SUCCESS)
-        ZR_LOG("ManageMethod, status=%lu\n", method.status);
-    else if (size > 0)
-        method.mode = data[0];
-    return method;
-}
 
 // One value as text, whatever its type. Of size 0 it is read and empty; one that is larger than the buffer
 // fails.

@@ -3,12 +3,15 @@
 #include "Common/strings.h"
 #include "companions/authentication/account_rules.h"
 #include "companions/authentication/authentication_resource.h"
-#include "companions/authentication/manage_method.h"
 #include "companions/common/edit_text.h"
 #include "companions/common/messages.h"
 #include "companions/common/printer_state.h"
+#include "companions/common/raw_value.h"
 #include "companions/common/wide_text.h"
+#include "datamanager/printer_settings.h"
 #include "oemps/authentication_data.h"
+#include "oemps/manage_method.h"
+#include "oemps/owner_values.h"
 
 #include <algorithm>
 
@@ -76,7 +79,7 @@ NewText StoredText(std::string_view text) {
 
 int AuthenticationDialog::OnInit() {
     m_stored = ReadAccount(m_key.c_str());
-    m_isOnStored = ReadManageMethod(m_printer) != 0;
+    m_isOnStored = ReadManageMethod(m_printer).value_or(ManageMethod{}).mode != 0;
     ShowMode();
     ShowAccount();
     // A radio button that is not checked would take the focus for a click.
@@ -259,7 +262,8 @@ DWORD AuthenticationDialog::Write(const NewAccount& account, bool& isSomethingSt
     DWORD status = static_cast<DWORD>(change.Status());
     const std::optional<BYTE> mode = EnteredMode();
     if (status == ERROR_SUCCESS && mode)
-        status = WriteManageMethod(m_printer, *mode);
+        status =
+            printer_settings::WriteNumber(m_printer, WideName(owner_values::kManageMethod).c_str(), *mode);
     if (status == ERROR_SUCCESS)
         change.Keep();
     isSomethingStored = mode || change.IsChanged();
