@@ -117,13 +117,6 @@ void GiveFocus(HWND control) {
         SendMessageW(GetParent(control), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
 }
 
-// The control with the keyboard focus of the window's thread, whosever that is.
-HWND FocusOf(HWND window) {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof info;
-    return GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info) ? info.hwndFocus : nullptr;
-}
-
 void SendKeys(HWND edit, const std::wstring& text) {
     for (const wchar_t c : text)
         SendMessageW(edit, WM_CHAR, c == L'\n' ? L'\r' : c, 1);
@@ -289,6 +282,12 @@ std::wstring CurrentPage(HWND sheet) {
     const HWND tab = TabControl(sheet);
     const int page = static_cast<int>(SendMessageW(tab, TCM_GETCURSEL, 0, 0));
     return page < 0 ? L"" : TabTitle(tab, page);
+}
+
+HWND FocusOf(HWND window) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info) ? info.hwndFocus : nullptr;
 }
 
 bool HasFocus(HWND control) {

@@ -35,6 +35,10 @@ std::wstring CurrentPage(HWND sheet);
 int RowCount(HWND control);
 int SelectedRow(HWND control);
 std::wstring RowText(HWND control, int row);
+// The control with the keyboard focus of the window's thread, whosever that is; null while the window manager
+// gives it to no window of the thread.
+HWND FocusOf(HWND window);
+// It or a part of it, such as the edit field of a combo box, has the focus.
 bool HasFocus(HWND control);
 bool IsChecked(HWND button);
 // The text that the control shows: of a combo box or a list that of the selected row.

@@ -2,7 +2,7 @@
 
 #include "host/driverhost_controls.h"
 #include "host/driverhost_programs.h"
-#include "host/driverhost_sheet_thread.h"
+#include "host/driverhost_sheet_work.h"
 #include "host/driverhost_store.h"
 #include "host/driverhost_text.h"
 #include "host/driverhost_windows.h"
@@ -14,7 +14,6 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
-#include <future>
 #include <thread>
 #include <utility>
 
@@ -26,24 +25,12 @@ namespace {
 using script::Action;
 using script::Quoted;
 using script::Verb;
-using Outcome = SheetThread::Outcome;
 
 // How long a sheet that is told to cancel may take.
 constexpr auto kCancelLimit = std::chrono::seconds(5);
-// How long a picture waits for its window to be seen whole; a covered one never is.
-constexpr auto kShowLimit = std::chrono::seconds(1);
 // How long a sheet may be seen after its button: it goes when what stands on its thread's stack has come
 // back, such as the click behind two dialogs of which the last has just ended.
 constexpr auto kStayLimit = std::chrono::milliseconds(500);
-constexpr auto kLookAgain = std::chrono::milliseconds(10);
-// How long what a script does in another program or expects of it may take to come true: such a program acts
-// in its own time.
-constexpr auto kProgramLimit = std::chrono::seconds(2);
-
-std::string Seconds(std::chrono::milliseconds time) {
-    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time).count();
-    return std::to_string(seconds) + (seconds == 1 ? " second" : " seconds");
-}
 
 // Tells whatever is in front to go away; messages are posted, since the thread may be stuck.
 void PostCancel(HWND front) {
@@ -75,20 +62,11 @@ bool CancelSheet(SheetThread& thread) {
 }
 
 // Works on the sheet from a thread of its own.
-class Player {
+class Player : private SheetWork {
   public:
     Player(SheetThread& thread, const Show& show)
-        : m_thread(thread), m_show(show), m_folder(std::filesystem::current_path()) {
-        StartLimit();
-    }
-
-    // What a program still had to do for the script is done when its windows are closed.
-    ~Player() {
-        for (std::thread& worker : m_busy)
-            worker.join();
-    }
-    Player(const Player&) = delete;
-    Player& operator=(const Player&) = delete;
+        : SheetWork(thread, {show.sheetLimit, show.actionLimit}), m_show(show),
+          m_folder(std::filesystem::current_path()) {}
 
     std::string Play() {
         std::string error = AwaitSheet();
@@ -101,86 +79,9 @@ class Player {
         return error.empty() ? error : script::Describe(m_show.file, {line, error});
     }
 
-    std::string AwaitPerson() { return m_thread.AwaitClosed(m_sheetEnd) ? "" : TooLong(); }
+    std::string AwaitPerson() { return m_thread.AwaitClosed(SheetEnd()) ? "" : TooLong(); }
 
   private:
-    void StartLimit() {
-        m_sheetEnd = m_show.sheetLimit ? Clock::now() + *m_show.sheetLimit : Clock::time_point::max();
-    }
-
-    std::string TooLong() const { return "the sheet is open for longer than " + Seconds(*m_show.sheetLimit); }
-
-    Clock::time_point Limit() const { return std::min(m_sheetEnd, Clock::now() + m_show.actionLimit); }
-
-    std::string LateMessage() const {
-        return Clock::now() >= m_sheetEnd ? TooLong()
-                                          : "the sheet does not answer within " + Seconds(m_show.actionLimit);
-    }
-
-    std::string AwaitSheet() {
-        // Installed modules may have to be loaded first, so the sheet's limit alone counts here.
-        if (m_thread.AwaitWindow(m_sheetEnd))
-            return Settle();
-        return m_thread.IsClosed() ? "the sheet did not open" : TooLong();
-    }
-
-    HWND Front() const { return FindFront(m_thread.Id()); }
-
-    // Runs the work and lets the sheet carry out what that has put into its queue.
-    Outcome Run(std::function<std::string()> work, std::string& error) {
-        const auto task = std::make_shared<Task>(Task{std::move(work), false, false, ""});
-        Outcome outcome = m_thread.Run(task, Limit());
-        if (outcome == Outcome::Blocked)
-            m_blocked = task;
-        if (outcome == Outcome::Done)
-            error = task->error;
-        if (outcome == Outcome::TimedOut)
-            error = LateMessage();
-        return outcome;
-    }
-
-    // Empty work comes to its turn when all before it in the queue has been dealt with, or waits for a
-    // dialog.
-    std::string Settle() {
-        if (const HWND front = Front(); front && IsProgram(front))
-            return ""; // the sheet's thread deals with nothing before that program has ended
-        std::string error;
-        Run([] { return std::string(); }, error);
-        if (error.empty() && m_blocked && m_blocked->done)
-            error = std::exchange(m_blocked, nullptr)->error;
-        return error;
-    }
-
-    // Work that needs an open sheet.
-    std::string Do(std::function<std::string()> work) {
-        std::string error;
-        const Outcome outcome = Run(std::move(work), error);
-        if (outcome == Outcome::Closed && error.empty())
-            return m_closing ? "" : "the sheet is closed";
-        return error.empty() ? Settle() : error;
-    }
-
-    // Work on a program's window, on a thread of its own: a click may come back only when a dialog that it
-    // opens is closed.
-    std::string DoBeside(HWND front, std::function<std::string()> work) {
-        std::packaged_task<std::string()> task(std::move(work));
-        std::future<std::string> result = task.get_future();
-        std::thread worker(std::move(task));
-        const auto limit = Limit();
-        while (result.wait_for(kLookAgain) != std::future_status::ready) {
-            const HWND now = Front();
-            const bool isElsewhere = now && now != front;
-            if (!isElsewhere && Clock::now() < limit)
-                continue;
-            m_busy.push_back(std::move(worker));
-            return isElsewhere ? "" : LateMessage();
-        }
-        worker.join();
-        return result.get();
-    }
-
-    bool IsProgram(HWND front) const { return GetWindowThreadProcessId(front, nullptr) != m_thread.Id(); }
-
     // Nothing tells when a program has dealt with a key that was posted to it. A message that is sent to it
     // finds it looking for messages, and the key is the next that it takes; the last answer comes behind
     // that.
@@ -193,60 +94,15 @@ class Player {
         }
     }
 
-    std::string DoOn(HWND front, std::function<std::string()> work) {
-        return IsProgram(front) ? DoBeside(front, std::move(work)) : Do(std::move(work));
-    }
-
-    // A message box keeps a user from the sheet, so it keeps a script from it too.
-    std::string WhyBarred(HWND front) {
-        if (!front || !IsMessageBox(front))
-            return "";
-        const auto text = std::make_shared<std::string>();
-        DoOn(front, [front, text] {
-            *text = Utf8(MessageOf(front));
-            return std::string();
-        });
-        return "a message box is up: " + Quoted(*text);
-    }
-
     std::string OnFront(const Action& action) {
-        return OnceTrue([&](HWND front) {
+        return OnceTrue([&](HWND front) -> Attempt {
             if (!front)
-                return std::string("the sheet is closed");
+                return {"the sheet is closed", false};
+            const bool isProgram = IsProgram(front);
             if (std::string barred = WhyBarred(front); !barred.empty())
-                return barred;
-            return DoOn(front, [front, action] { return WorkOn(front, action); });
-        });
-    }
-
-    // Does the work on what is in front. What fails has changed nothing, so that on a program's window it is
-    // done again for a while: the program may still be at what the last action began, or be going.
-    std::string OnceTrue(const std::function<std::string(HWND)>& work) {
-        const auto limit = std::min(Limit(), Clock::now() + kProgramLimit);
-        for (;;) {
-            const HWND front = Front();
-            const bool isProgram = front && IsProgram(front);
-            std::string error = work(front);
-            if (error.empty() || !isProgram || Clock::now() >= limit)
-                return error;
-            std::this_thread::sleep_for(kLookAgain);
-        }
-    }
-
-    std::string OnSheet(std::function<std::string(HWND)> work) {
-        const HWND front = Front();
-        if (!front)
-            return "the sheet is closed";
-        if (std::string barred = WhyBarred(front); !barred.empty())
-            return barred;
-        if (!IsSheet(front))
-            return "a dialog is in front of the sheet";
-        return Do([front, work = std::move(work)] { return work(front); });
-    }
-
-    std::string OnBox(std::function<std::string(HWND)> work) {
-        return OnceTrue([&](HWND front) {
-            return front ? DoOn(front, [front, work] { return work(front); }) : "no message box is up";
+                return {barred, isProgram};
+            return Try(front, isProgram || action.verb == Verb::ExpectFocus,
+                       [front, action] { return WorkOn(front, action); });
         });
     }
 
@@ -313,8 +169,8 @@ class Player {
 
     std::string Wait(std::uint32_t milliseconds) {
         const auto end = Clock::now() + std::chrono::milliseconds(milliseconds);
-        m_thread.AwaitClosed(std::min(end, m_sheetEnd));
-        return Clock::now() >= m_sheetEnd ? TooLong() : "";
+        m_thread.AwaitClosed(std::min(end, SheetEnd()));
+        return Clock::now() >= SheetEnd() ? TooLong() : "";
     }
 
     std::string Print(const std::string& line) {
@@ -352,13 +208,15 @@ class Player {
         return Ask([action] { return StoreAnswer{"", PutNow(action)}; }).error;
     }
 
-    // A key may end the dialog that it is for.
-    std::string OnKeys(std::function<std::string(HWND)> work) {
+    // A key may end the dialog that it is for. It waits for that dialog to have the focus, and goes to no
+    // other.
+    std::string OnKeys(std::uint32_t key) {
         const HWND front = Front();
         if (!front)
             return "the sheet is closed";
         m_closing = true;
-        std::string error = DoOn(front, [front, work = std::move(work)] { return work(front); });
+        std::string error = OnceTrue(
+            [&](HWND) { return Try(front, IsWindow(front), [front, key] { return PressKey(front, key); }); });
         if (IsProgram(front))
             LetAct(front);
         m_closing = false;
@@ -371,7 +229,7 @@ class Player {
     }
 
     std::string ExpectRunning(const Action& action) {
-        const auto limit = std::min(Limit(), Clock::now() + kProgramLimit);
+        const auto limit = std::min(Limit(), Clock::now() + kLateLimit);
         int count = CountRunning(Wide(action.text));
         for (; count != static_cast<int>(action.number) && Clock::now() < limit;
              count = CountRunning(Wide(action.text)))
@@ -406,7 +264,7 @@ class Player {
         case Verb::SetBank:
         case Verb::SetValue:
         case Verb::SetText: return Put(action);
-        case Verb::Key: return OnKeys([key = action.number](HWND front) { return PressKey(front, key); });
+        case Verb::Key: return OnKeys(action.number);
         case Verb::ExpectBank:
         case Verb::ExpectValue: {
             const StoreAnswer answer = AskFor(action);
@@ -420,13 +278,8 @@ class Player {
         }
     }
 
-    SheetThread& m_thread;
     const Show& m_show;
     const std::filesystem::path m_folder; // of the process when the script began
-    Clock::time_point m_sheetEnd = Clock::time_point::max();
-    std::shared_ptr<Task> m_blocked; // work that goes on behind a dialog
-    std::vector<std::thread> m_busy; // with work on a program's windows
-    bool m_closing = false;          // a closed sheet is what is wanted now
 };
 
 // Ends the process where the sheet's thread does not come back: its stack can't be unwound from here.

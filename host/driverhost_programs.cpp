@@ -4,6 +4,7 @@
 #include "host/driverhost_text.h"
 
 #include <map>
+#include <utility>
 
 #include <tlhelp32.h>
 
@@ -20,39 +21,54 @@ void ForEachProcess(Action action) {
         action(entry);
 }
 
+// Whether they were started by this process.
+using Processes = std::map<DWORD, bool>;
+
+// What one search after another finds out. A process that has ended shows no window, and its number may be
+// another one's later: nothing is known of it after the next search.
+struct ProgramSearch {
+    Processes before;
+    Processes seen;
+    HWND found = nullptr;
+};
+
 // Windows are looked for many times a second, and a process keeps its parent.
-bool IsStartedHere(DWORD process) {
-    thread_local std::map<DWORD, bool> known;
-    const auto [entry, isNew] = known.try_emplace(process, false);
-    if (isNew)
-        ForEachProcess([&](const PROCESSENTRY32W& found) {
-            if (found.th32ProcessID == process)
-                entry->second = found.th32ParentProcessID == GetCurrentProcessId();
-        });
+bool IsStartedHere(DWORD process, ProgramSearch& search) {
+    const auto [entry, isNew] = search.seen.try_emplace(process, false);
+    if (!isNew)
+        return entry->second;
+    const auto known = search.before.find(process);
+    if (known != search.before.end())
+        return entry->second = known->second;
+    ForEachProcess([&](const PROCESSENTRY32W& found) {
+        if (found.th32ProcessID == process)
+            entry->second = found.th32ParentProcessID == GetCurrentProcessId();
+    });
     return entry->second;
 }
 
-// Keeps the first window, and goes on until one is enabled.
+// Keeps the first window, and goes on until one is enabled. To ask whether another process's window is
+// visible goes to the system, so only the windows of programs that were started here are asked.
 BOOL CALLBACK NoteProgramWindow(HWND window, LPARAM param) {
-    if (!IsWindowVisible(window))
-        return TRUE;
+    ProgramSearch& search = *reinterpret_cast<ProgramSearch*>(param);
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
-    if (process == GetCurrentProcessId() || !IsStartedHere(process))
+    if (process == GetCurrentProcessId() || !IsStartedHere(process, search) || !IsWindowVisible(window))
         return TRUE;
-    HWND& found = *reinterpret_cast<HWND*>(param);
     const bool isEnabled = IsWindowEnabled(window);
-    if (!found || isEnabled)
-        found = window;
+    if (!search.found || isEnabled)
+        search.found = window;
     return !isEnabled;
 }
 
 } // namespace
 
 HWND FindProgramWindow() {
-    HWND found = nullptr;
-    EnumWindows(NoteProgramWindow, reinterpret_cast<LPARAM>(&found));
-    return found;
+    thread_local Processes known;
+    ProgramSearch search{known, {}};
+    EnumWindows(NoteProgramWindow, reinterpret_cast<LPARAM>(&search));
+    known = std::move(search.seen);
+    return search.found;
 }
 
 int CountRunning(const std::wstring& fileName) {

@@ -2,6 +2,7 @@
 
 #include "host/driverhost_windows.h"
 
+#include <algorithm>
 #include <exception>
 
 namespace driverhost {
@@ -10,8 +11,19 @@ namespace {
 constexpr wchar_t kClassName[] = L"ZrDriverhostSheetThread";
 constexpr UINT kWorkMessage = WM_APP;
 
-// No message tells another thread that a dialog has come up, so it is looked for this often.
-constexpr auto kLookAgain = std::chrono::milliseconds(5);
+// No message tells another thread that a dialog has come up, so it is looked for: often at first, then less
+// and less, since each look asks what the sheet's own thread asks too, and holds that up.
+class Looks {
+  public:
+    Clock::duration UntilNext() const {
+        constexpr Clock::duration kOften = std::chrono::milliseconds(5);
+        constexpr Clock::duration kSeldom = std::chrono::milliseconds(25);
+        return std::clamp((Clock::now() - m_begin) / 4, kOften, kSeldom);
+    }
+
+  private:
+    const Clock::time_point m_begin = Clock::now();
+};
 
 } // namespace
 
@@ -83,6 +95,7 @@ SheetThread::Outcome SheetThread::Run(const std::shared_ptr<Task>& task, Clock::
         return Outcome::Closed;
     m_tasks.push_back(task);
     PostMessageW(m_window, kWorkMessage, 0, 0);
+    const Looks looks;
     for (;;) {
         if (task->done)
             return Outcome::Done;
@@ -95,16 +108,17 @@ SheetThread::Outcome SheetThread::Run(const std::shared_ptr<Task>& task, Clock::
         }
         if (Clock::now() >= limit)
             return Outcome::TimedOut;
-        m_changed.wait_for(lock, kLookAgain);
+        m_changed.wait_for(lock, looks.UntilNext());
     }
 }
 
 bool SheetThread::AwaitWindow(Clock::time_point limit) {
     std::unique_lock lock(m_mutex);
+    const Looks looks;
     while (!FindFront(m_id)) {
         if (m_state == State::Closed || Clock::now() >= limit)
             return false;
-        m_changed.wait_for(lock, kLookAgain);
+        m_changed.wait_for(lock, looks.UntilNext());
     }
     return true;
 }

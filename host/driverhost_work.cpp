@@ -31,6 +31,13 @@ std::string ExpectRows(HWND control, const std::string& name, const Action& acti
                     Quoted(Utf8(RowText(control, *action.row))), Quoted(action.wanted));
 }
 
+std::string WhyNotFocused(HWND control, const std::string& name) {
+    const HWND focus = FocusOf(control);
+    const std::string found =
+        focus ? "control " + std::to_string(GetDlgCtrlID(focus)) + " has it" : "no control has it";
+    return name + " does not have the focus, " + found;
+}
+
 } // namespace
 
 std::wstring MessageOf(HWND box) {
@@ -57,7 +64,7 @@ std::string WorkOn(HWND front, const Action& action) {
     case Verb::ExpectRow:
     case Verb::ExpectRows:
     case Verb::ExpectItem: return ExpectRows(control, name, action);
-    case Verb::ExpectFocus: return HasFocus(control) ? "" : name + " does not have the focus";
+    case Verb::ExpectFocus: return HasFocus(control) ? "" : WhyNotFocused(control, name);
     case Verb::ExpectText:
         return Mismatch("the text of " + name, Quoted(Utf8(ShownText(control))), Quoted(action.text));
     case Verb::ExpectEnabled:

@@ -1,10 +1,8 @@
-// The player works on a property sheet of this program's own: two pages with the controls that the driver's
-// have.
+// The player, working on a property sheet of this program's own.
 #include "host/driverhost_player.h"
 
 #include "host/driverhost_text.h"
-#include "tests/host/driverhost_sheet.h"
-#include "tests/support/own_folder.h"
+#include "tests/host/player_sheet.h"
 #include "tests/support/utf8_text.h"
 
 #include <gtest/gtest.h>
@@ -15,134 +13,7 @@
 #include <string>
 #include <vector>
 
-#include <windows.h>
-
-#include <commctrl.h>
-#include <prsht.h>
-
 namespace {
-
-// What the sheet of one test has seen.
-struct Seen {
-    std::vector<int> comboCodes; // notifications of the extended combo box
-    std::vector<int> answers;
-    int edits = 0;
-    int applied = 0;
-    int opened = 0;
-    std::vector<std::string> listed; // the rows of the list that were selected
-    std::vector<DWORD> ended;        // with what the other program ended
-};
-Seen g_seen;
-
-// The pages talk to the ANSI side of the platform, as the driver's do.
-void FillCombos(HWND page) {
-    for (const char* text : {"A4", "B5", "はがき"}) {
-        COMBOBOXEXITEMA item{};
-        item.mask = CBEIF_TEXT;
-        item.iItem = -1;
-        item.pszText = const_cast<char*>(text);
-        SendDlgItemMessageA(page, IDC_EXTENDED, CBEM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
-        SendDlgItemMessageA(page, IDC_COMBO, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
-    }
-    SendDlgItemMessageA(page, IDC_EXTENDED, CB_SETCURSEL, 0, 0);
-}
-
-void Ask(HWND page) {
-    g_seen.answers.push_back(MessageBoxA(page, "続けますか?\n二行目", "質問", MB_YESNO));
-}
-
-void FillList(HWND page) {
-    for (const char* text : {"一", "二", "三"})
-        SendDlgItemMessageA(page, IDC_LIST, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
-}
-
-void NoteListRow(HWND page) {
-    std::array<char, 16> text{};
-    SendDlgItemMessageA(page, IDC_LIST, LB_GETTEXT,
-                        static_cast<WPARAM>(SendDlgItemMessageA(page, IDC_LIST, LB_GETCURSEL, 0, 0)),
-                        reinterpret_cast<LPARAM>(text.data()));
-    g_seen.listed.emplace_back(text.data());
-}
-
-// The sheet's thread answers nothing until the program ends.
-void RunOtherProgram() {
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    std::wstring file = (OwnFolder() / L"driverhost_other_program.exe").wstring();
-    if (!CreateProcessW(file.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &process))
-        return;
-    WaitForSingleObject(process.hProcess, INFINITE);
-    DWORD status = 0;
-    GetExitCodeProcess(process.hProcess, &status);
-    g_seen.ended.push_back(status);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-}
-
-void OnCommand(HWND page, int id, int code) {
-    if (id == IDC_EXTENDED)
-        g_seen.comboCodes.push_back(code);
-    if (id == IDC_COMBO && code == CBN_SELCHANGE)
-        SendMessageA(GetParent(page), PSM_CHANGED, reinterpret_cast<WPARAM>(page), 0);
-    if (id == IDC_EDIT && code == EN_CHANGE)
-        ++g_seen.edits;
-    if (id == IDC_ASK && code == BN_CLICKED)
-        Ask(page);
-    if (id == IDC_LATER && code == BN_CLICKED)
-        PostMessageA(page, WM_COMMAND, MAKEWPARAM(IDC_ASK, BN_CLICKED), 0);
-    if (id == IDC_HANG && code == BN_CLICKED)
-        Sleep(1500);
-    if (id == IDC_LIST && code == LBN_SELCHANGE)
-        NoteListRow(page);
-    if (id == IDC_START && code == BN_CLICKED)
-        RunOtherProgram();
-}
-
-LRESULT OnNotify(HWND page, const NMHDR& header) {
-    if (header.code != static_cast<UINT>(PSN_APPLY))
-        return 0;
-    if (IsDlgButtonChecked(page, IDC_REFUSE))
-        return PSNRET_INVALID_NOCHANGEPAGE;
-    ++g_seen.applied;
-    return PSNRET_NOERROR;
-}
-
-INT_PTR CALLBACK PageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case WM_INITDIALOG:
-        if (GetDlgItem(page, IDC_EXTENDED))
-            FillCombos(page);
-        if (GetDlgItem(page, IDC_LIST))
-            FillList(page);
-        return TRUE;
-    case WM_COMMAND: OnCommand(page, LOWORD(wParam), HIWORD(wParam)); return TRUE;
-    case WM_NOTIFY:
-        SetWindowLongPtrA(page, DWLP_MSGRESULT, OnNotify(page, *reinterpret_cast<const NMHDR*>(lParam)));
-        return TRUE;
-    default: return FALSE;
-    }
-}
-
-void OpenSheet() {
-    ++g_seen.opened;
-    std::array<PROPSHEETPAGEA, 2> pages{};
-    for (std::size_t i = 0; i < pages.size(); ++i) {
-        pages[i].dwSize = sizeof pages[i];
-        pages[i].hInstance = GetModuleHandleA(nullptr);
-        pages[i].pszTemplate = MAKEINTRESOURCEA(i == 0 ? IDD_FIRST : IDD_SECOND);
-        pages[i].pfnDlgProc = PageProc;
-    }
-    PROPSHEETHEADERA header{};
-    header.dwSize = sizeof header;
-    header.dwFlags = PSH_PROPSHEETPAGE;
-    header.hInstance = GetModuleHandleA(nullptr);
-    header.pszCaption = "Test";
-    header.nPages = static_cast<UINT>(pages.size());
-    header.ppsp = pages.data();
-    PropertySheetA(&header);
-}
 
 class DriverhostPlayer : public testing::Test {
   protected:
@@ -280,6 +151,10 @@ TEST_F(DriverhostPlayer, SeesAMessageBoxThatAPostedMessageOpens) {
     EXPECT_EQ(g_seen.answers, (std::vector<int>{IDNO}));
 }
 
+TEST_F(DriverhostPlayer, WorksInADialogThatIsShownLate) {
+    EXPECT_EQ(Play("click 1017\nexpect visible 3002\nclick 2\nclick 1017\nclick 2\nexpect visible 1017"), "");
+}
+
 TEST_F(DriverhostPlayer, DoesNotWorkBehindAMessageBox) {
     EXPECT_EQ(Play("click 1008\nclick 1005"),
               Utf8(u8"s.txt:2: a message box is up: \"続けますか?\\n二行目\""));
@@ -308,7 +183,18 @@ TEST_F(DriverhostPlayer, TellsARowAndAFocusThatItDidNotFind) {
     EXPECT_EQ(Play("expect rows 1001 4"), "s.txt:1: the number of rows of control 1001 is 3, expected 4");
     EXPECT_EQ(Play("expect item 1001 1 A4"), "s.txt:1: row 1 of control 1001 is \"B5\", expected \"A4\"");
     EXPECT_EQ(Play("type 1003 a\nexpect focus 1003\nexpect focus 1001"),
-              "s.txt:3: control 1001 does not have the focus");
+              "s.txt:3: control 1001 does not have the focus, control 1003 has it");
+}
+
+TEST_F(DriverhostPlayer, PressesAKeyOnceWhereTheActionBehindTheBoxFails) {
+    EXPECT_EQ(Play("check 1019 on\nkey enter"), "s.txt:2: control 1019: a click does not check it");
+    EXPECT_EQ(g_seen.answers, (std::vector<int>{IDYES}));
+    EXPECT_EQ(g_seen.applied, 0);
+}
+
+TEST_F(DriverhostPlayer, WaitsWhileTheKeyboardIsOnItsWayFromOneWindowToTheNext) {
+    EXPECT_EQ(Play("click 1018\nexpect focus 1003"), "");
+    EXPECT_EQ(Play("click 1018\nkey space\nexpect text 1003 \" \""), "");
 }
 
 TEST_F(DriverhostPlayer, WorksInAProgramThatTheSheetWaitsFor) {

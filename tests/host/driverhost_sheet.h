@@ -21,6 +21,9 @@
 #define IDC_NUMBER 1014
 #define IDC_REFUSE 1015
 #define IDC_LABEL 1016
+#define IDC_BUSY 1017
+#define IDC_NO_FOCUS 1018
+#define IDC_DOUBTFUL 1019
 #define IDC_REMARK 2001
 #define IDC_LIST 2002
 #define IDC_START 2003

@@ -1,9 +1,12 @@
 zr_test(script_test SOURCES script_test.cpp LIBS zr_script)
 zr_test(driverhost_options_test SOURCES driverhost_options_test.cpp LIBS zr_driverhost)
 zr_test(driverhost_dump_test SOURCES driverhost_dump_test.cpp LIBS zr_driverhost)
+zr_test(window_outline_test SOURCES window_outline_test.cpp LIBS zr_driverhost)
 if(WIN32)
-    zr_test(driverhost_player_test SOURCES driverhost_player_test.cpp driverhost_sheet.rc LIBS zr_driverhost)
+    zr_test(driverhost_player_test SOURCES driverhost_player_test.cpp driverhost_sheet.rc player_sheet.cpp
+        LIBS zr_driverhost)
     target_include_directories(driverhost_player_test PRIVATE ${PROJECT_SOURCE_DIR})
     zr_program(driverhost_other_program driverhost_other_program.cpp driverhost_sheet.rc)
     add_dependencies(driverhost_player_test driverhost_other_program)
+    zr_test(screenshot_test SOURCES screenshot_test.cpp LIBS zr_driverhost)
 endif()

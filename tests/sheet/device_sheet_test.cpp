@@ -334,13 +334,12 @@ TEST_F(DeviceSheetOfAPrinter, RunsTheApplicationForTheDefaultsUntilItEnds) {
 
 TEST_F(DeviceSheetOfAPrinter, CanBeWorkedOnByTheKeyboardAlone) {
     const std::string tab = "key tab\n";
-    // Nothing but time tells when a dialog that a key has opened is on the screen.
-    const std::string open = "key space\nwait 1000\n";
-    Play(Line("expect focus", IDC_DEVICE_AUTHENTICATION) + open + Line("expect focus", IDC_MODE_OFF) +
+    const std::string space = "key space\n";
+    Play(Line("expect focus", IDC_DEVICE_AUTHENTICATION) + space + Line("expect focus", IDC_MODE_OFF) +
          "key down\n" + ExpectChecked(IDC_MODE_ON, true) + "key enter\n" +
          Line("expect focus", IDC_DEVICE_AUTHENTICATION) + tab +
-         Line("expect focus", IDC_DEVICE_COMMUNICATION) + open + Line("expect focus", IDC_ADDRESS) +
-         Enter(IDC_ADDRESS, "print-server") + tab + Line("expect focus", IDC_OLDER_PRINTER) + "key space\n" +
+         Line("expect focus", IDC_DEVICE_COMMUNICATION) + space + Line("expect focus", IDC_ADDRESS) +
+         Enter(IDC_ADDRESS, "print-server") + tab + Line("expect focus", IDC_OLDER_PRINTER) + space +
          ExpectChecked(IDC_OLDER_PRINTER, true) + "key escape\n" +
          Line("expect focus", IDC_DEVICE_COMMUNICATION) + tab +
          Line("expect focus", IDC_DEVICE_JOB_PROPERTIES) + "key escape\n");
