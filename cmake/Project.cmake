@@ -33,6 +33,9 @@ if(WIN32)
         PSAPI_VERSION=1 _GLIBCXX_ASSERTIONS)
     target_compile_options(zr_flags INTERFACE -fstack-protector-strong)
     target_link_options(zr_flags INTERFACE -fstack-protector-strong)
+    # A section that begins at a page of its file is mapped where it is loaded; others, of which the images are many
+    # megabytes, Wine reads whole each time.
+    target_link_options(zr_flags INTERFACE -Wl,--file-alignment=4096)
 endif()
 if(ZR_SANITIZE)
     target_compile_options(zr_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
@@ -140,11 +143,12 @@ function(zr_generated_file target)
     add_custom_target(${target} DEPENDS ${ARG_UNPARSED_ARGUMENTS})
 endfunction()
 
-# zr_test(name SOURCES source... [LIBS library...]): a GoogleTest program. Natively ctest knows each of its tests; under
-# Wine, where a process takes longer to start than most tests to run, it knows the program as one. Two of these may run at
-# once only in prefixes of their own, as tools/with-lanes.sh has them.
+# zr_test(name SOURCES source... [LIBS library...] [PARALLEL]): a GoogleTest program. Natively ctest knows each of its
+# tests; under Wine, where a process takes longer to start than most tests to run, it knows the program as one. Two of
+# these may run at once only in prefixes of their own, as tools/with-lanes.sh has them. PARALLEL: its threads race, so
+# that it is not kept to its lane's processor.
 function(zr_test name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+    cmake_parse_arguments(ARG "PARALLEL" "" "SOURCES;LIBS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE zr_flags ${ARG_LIBS} gtest gtest_main)
     target_compile_definitions(${name} PRIVATE ZR_TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data"
@@ -152,6 +156,9 @@ function(zr_test name)
     if(WIN32)
         add_test(NAME ${name} COMMAND ${name})
         set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+        if(ARG_PARALLEL)
+            set_tests_properties(${name} PROPERTIES ENVIRONMENT ZR_ALL_PROCESSORS=1)
+        endif()
     else()
         gtest_discover_tests(${name} NO_PRETTY_VALUES PROPERTIES TIMEOUT 120)
     endif()

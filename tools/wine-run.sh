@@ -8,7 +8,8 @@ if [ -n "${ZR_LANES:-}" ]; then
         for ready in "$ZR_LANES"/*.ready; do
             exec 7>"${ready%.ready}.lock"
             flock -n 7 || continue
-            { read -r ZR_WINEPREFIX && read -r DISPLAY; } <"$ready"
+            { read -r ZR_WINEPREFIX && read -r DISPLAY && read -r processor; } <"$ready"
+            [ -n "${ZR_ALL_PROCESSORS:-}" ] || taskset -cp "$processor" $$ >/dev/null 2>&1
             export ZR_WINEPREFIX DISPLAY
             unset ZR_LANES
             # Whatever a program leaves running must hold neither the lane nor the caller's pipes, whose end the
