@@ -1,6 +1,9 @@
 // What the merge of a stored record costs when the user has 500 connections to printers, each of which is
 // looked at for the owner's data: on a machine without the log's directory, which is the normal case, and on
-// one with it. Fails where the first takes more than 20 ms.
+// one with it.
+// On the former a merge that finds the connections changed has to ask for each name, as the first merge of a
+// process has; the others take the names that were kept. Fails where the median of "merging, no log" or of
+// "merging after a change, no log" is more than 20 ms; the other rows have no limit.
 #include "bench/timing.h"
 #include "oemps/devmode.h"
 #include "oemps/oem_devmode.h"
@@ -63,13 +66,18 @@ int main() {
         return 1;
     }
     std::printf("%d connections\n", kConnections);
-    const double median = report("no log");
+    const double unchanged = report("no log");
+    const double changed = Report("merging after a change, no log", merge, [&] {
+        constexpr char kOther[] = "Printers\\Connections\\,,server,Another";
+        user.AddKey(kOther);
+        RegDeleteKeyA(HKEY_CURRENT_USER, kOther);
+    });
     Traces traces;
     traces.Expect(traces.MakeDirectories("C:", {"qpsp", "Log"}) + "\\debugLog.txt");
     // A missing directory is not asked for again for a second.
     Sleep(1100);
     report("with a log");
-    if (median > kLimit) {
+    if (unchanged > kLimit || changed > kLimit) {
         std::printf("merging takes more than %.0f us\n", kLimit);
         return 1;
     }

@@ -20,7 +20,7 @@ void CDevMode::GetAuthenticatInfo(std::string& printerName, std::string& keyText
 void CDevMode::GetSearchRegistryKeyServer(const char* rootKey, std::string_view shortName,
                                           std::string& subkey) {
     ZR_RECORD_LOG_ENTRY();
-    subkey = FindConnection(ListConnections(rootKey), shortName);
+    subkey = FindConnection(*KeptConnections(rootKey), shortName);
 }
 
 void CDevMode::GetGuidPrinter(const char* key, std::string& guid) {

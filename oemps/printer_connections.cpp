@@ -5,10 +5,23 @@
 #include "Common/win_handles.h"
 #include "oemps/printer_names.h"
 
+#include <winternl.h>
+
 #include <array>
 #include <cstdio>
+#include <mutex>
+#include <utility>
 
 namespace {
+
+using Names = std::vector<std::string>;
+
+// "None" if it can't be opened.
+UniqueRegistryKey OpenToRead(const char* keyName) {
+    UniqueRegistryKey key;
+    RegOpenKeyExA(HKEY_CURRENT_USER, keyName, 0, KEY_READ, key.Receive());
+    return key;
+}
 
 // A user may have hundreds of connections, and each merge of a record asks for them.
 void LogSubkey(const char* name, const FILETIME& lastWrite) {
@@ -22,30 +35,114 @@ void LogSubkey(const char* name, const FILETIME& lastWrite) {
     WriteLog("SubkeyName: %s, LastWriteTime: %s\n", name, stamp);
 }
 
-} // namespace
-
-std::vector<std::string> ListConnections(const char* rootKey) {
-    UniqueRegistryKey key;
-    if (RegOpenKeyExA(HKEY_CURRENT_USER, rootKey, 0, KEY_READ, key.Receive()) != ERROR_SUCCESS)
-        return {};
-    const OpenMainLog log;
-    std::vector<std::string> names;
+// False if the names are not all there for a reason that is logged.
+bool Enumerate(HKEY key, const char* keyName, Names& names) {
     for (DWORD index = 0;; ++index) {
         std::array<char, 1024> name;
         DWORD length = static_cast<DWORD>(name.size());
         FILETIME lastWrite{};
         const LSTATUS status =
-            RegEnumKeyExA(key.Get(), index, name.data(), &length, nullptr, nullptr, nullptr, &lastWrite);
+            RegEnumKeyExA(key, index, name.data(), &length, nullptr, nullptr, nullptr, &lastWrite);
         if (status == ERROR_MORE_DATA)
             continue;
+        if (status == ERROR_NO_MORE_ITEMS)
+            return true;
         if (status != ERROR_SUCCESS) {
-            if (status != ERROR_NO_MORE_ITEMS)
-                ZR_LOG("RegEnumKeyEx %s failed, status=%ld\n", rootKey, status);
-            return names;
+            ZR_LOG("RegEnumKeyEx %s failed, status=%ld\n", keyName, status);
+            return false;
         }
         names.emplace_back(name.data(), length);
         LogSubkey(names.back().c_str(), lastWrite);
     }
+}
+
+// The whole path of an open key, in which its user's id stands. "" if the key has been deleted or the path is
+// of no usual length.
+std::wstring PathOf(HKEY key) {
+    struct {
+        UNICODE_STRING path;
+        std::array<wchar_t, 1024> characters;
+    } name{};
+    ULONG size = 0;
+    if (!NT_SUCCESS(NtQueryObject(key, ObjectNameInformation, &name, sizeof name, &size)))
+        return {};
+    return {name.path.Buffer, name.path.Length / sizeof(wchar_t)};
+}
+
+// The names below the key that was enumerated last, for as long as the registry tells of no change. Each name
+// costs a call into the registry, and each merge of a record asks for all of them.
+class KeptNames {
+  public:
+    ConnectionNames Of(UniqueRegistryKey key, const char* keyName) {
+        const std::lock_guard lock(m_mutex);
+        const std::wstring path = PathOf(key.Get());
+        return AreOf(path) ? m_names : Renew(std::move(key), keyName, path);
+    }
+
+  private:
+    // A name has at most 1023 bytes, so the list takes 1 MB at most. A longer one is enumerated each time;
+    // the watch that is set for it in vain costs little beside that.
+    static constexpr std::size_t kMost = 1000;
+
+    // The path is compared with that of the key that is watched as well, which has none once it has been
+    // deleted: another one may have been made in its place.
+    bool AreOf(const std::wstring& path) const {
+        return m_names && !path.empty() && PathOf(m_key.Get()) == path &&
+               WaitForSingleObject(m_change.Get(), 0) == WAIT_TIMEOUT;
+    }
+
+    // Watches before it enumerates, so that a change while it does that is not missed. The watch tells of a
+    // change at the latest when the thread that set it next runs, and if that thread ends, it tells of one.
+    ConnectionNames Renew(UniqueRegistryKey key, const char* keyName, const std::wstring& path) {
+        m_names.reset();
+        m_key.Reset();
+        m_change.Reset(CreateEventA(nullptr, TRUE, FALSE, nullptr));
+        // With what is below the subkeys: a subkey that gets another name is a change of that subkey.
+        const bool isWatched = !path.empty() && m_change &&
+                               RegNotifyChangeKeyValue(key.Get(), TRUE, REG_NOTIFY_CHANGE_NAME,
+                                                       m_change.Get(), TRUE) == ERROR_SUCCESS;
+        auto names = std::make_shared<Names>();
+        const bool isWhole = Enumerate(key.Get(), keyName, *names);
+        if (isWatched && isWhole && names->size() <= kMost) {
+            m_key = std::move(key);
+            m_names = names;
+        }
+        return names;
+    }
+
+    std::mutex m_mutex;
+    // Stays open while the module is loaded in the process that merges.
+    UniqueRegistryKey m_key;
+    UniqueHandle m_change;
+    ConnectionNames m_names;
+};
+
+KeptNames keptNames;
+
+} // namespace
+
+std::vector<std::string> ListConnections(const char* rootKey) {
+    const UniqueRegistryKey key = OpenToRead(rootKey);
+    if (!key)
+        return {};
+    const OpenMainLog log;
+    Names names;
+    Enumerate(key.Get(), rootKey, names);
+    return names;
+}
+
+ConnectionNames KeptConnections(const char* rootKey) {
+    UniqueRegistryKey key = OpenToRead(rootKey);
+    if (!key)
+        return std::make_shared<Names>();
+    // Whether there is a log is known once it was to be opened.
+    const OpenMainLog log;
+    if (!log_backend::IsOpenable(log_backend::Target::Main))
+        return keptNames.Of(std::move(key), rootKey);
+    // A log has a line for each name, which only the enumeration writes.
+    auto names = std::make_shared<Names>();
+    Enumerate(key.Get(), rootKey, *names);
+    return names;
 }
 
 std::string ConnectionKey(std::string_view connection) {
@@ -80,7 +177,7 @@ void GetGuidPrinter(const char* key, std::span<char, 256> out) {
 
 std::string PrinterKeyName(std::string_view printerName) {
     const std::string_view shortName = ShortPrinterName(printerName);
-    const std::vector<std::string> connections = ListConnections(kConnectionsKey);
+    const Names connections = ListConnections(kConnectionsKey);
     std::array<char, 256> guid{};
     GetGuidPrinter(ConnectionKey(FindConnection(connections, shortName)).c_str(), guid);
     return std::string(shortName).append(guid.data());

@@ -1,132 +1,20 @@
-// The document sheet's start and end, with a common property sheet of the test's own behind it.
-#include "oemps/document_sheet.h"
-
+// The document sheet's start: its session, its pages and the device profile, and what it answers while it is
+// open.
 #include "Common/ProfileInfo.h"
-#include "oemps/devmode.h"
-#include "oemps/module.h"
-#include "oemps/sheet_state.h"
 #include "pages/pspage.h"
 #include "session/datamanager.h"
-#include "session/session.h"
-#include "settings/SettingManager.h"
+#include "tests/oemps/document_sheet_fixture.h"
 #include "tests/support/message_box.h"
 #include "tests/support/registry_override.h"
 #include "tests/support/traces.h"
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cstring>
 #include <string>
 #include <string_view>
-#include <thread>
-#include <vector>
 
 namespace {
 
-struct AddedPage {
-    WORD dialog;
-    WORD title;
-    DWORD flags;
-    LPARAM param;
-};
-
-std::vector<AddedPage> addedPages;
-
-LONG_PTR CALLBACK ComPropSheet(HANDLE, UINT function, LPARAM param1, LPARAM) {
-    if (function != CPSFUNC_ADD_PROPSHEETPAGEA)
-        return 0;
-    const auto& page = *reinterpret_cast<const PROPSHEETPAGEA*>(param1);
-    addedPages.push_back({LOWORD(page.pszTemplate), LOWORD(page.pszTitle), page.dwFlags, page.lParam});
-    return static_cast<LONG_PTR>(0x100 + addedPages.size());
-}
-
-// A driver with a handful of items, as it stands before its sheet opens.
-struct Driver {
-    Driver() {
-        heap = HeapCreate(0, 0, 0);
-        CDevMode(record).SetDefault(kDevModeSize);
-        record.dwSignature = kDevModeSignature;
-        record.dwVersion = kDevModeVersion;
-        std::strcpy(record.Profile, "office.cps");
-
-        publicDM.devmode.dmSize = sizeof(DEVMODEW);
-        publicDM.devmode.dmDriverVersion = 0x600;
-        publicDM.devmode.dmDriverExtra = sizeof publicDM.extra;
-        const DWORD width = 210000;
-        std::memcpy(publicDM.extra + 152, &width, sizeof width);
-
-        for (OPTITEM& item : items) {
-            item = {};
-            item.cbSize = sizeof item;
-            item.Level = 1;
-            item.pOptType = &optType;
-        }
-        optType.cbSize = sizeof optType;
-        optType.Count = 2;
-
-        param.cbSize = sizeof param;
-        param.poemuiobj = reinterpret_cast<POEMUIOBJ>(0x77);
-        param.hOEMHeap = heap;
-        param.pPublicDM = &publicDM.devmode;
-        param.pOEMDM = &record;
-        param.pDrvOptItems = items.data();
-        param.cDrvOptItems = static_cast<DWORD>(items.size());
-        param.pOEMOptItems = &oemItem;
-
-        sheet.cbSize = sizeof sheet;
-        sheet.poemuiobj = param.poemuiobj;
-        info.cbSize = sizeof info;
-        info.Version = 0x100;
-        info.hComPropSheet = reinterpret_cast<HANDLE>(0x55);
-        info.pfnComPropSheet = ComPropSheet;
-        info.lParamInit = reinterpret_cast<LPARAM>(&sheet);
-    }
-    ~Driver() { HeapDestroy(heap); }
-
-    LONG_PTR Reason(WORD reason, LPARAM reasonParam = 0) {
-        info.Reason = reason;
-        info.Result = 0xBAD;
-        status = hrOEMDocumentPropertySheets(&info, reasonParam, nullptr);
-        return static_cast<LONG_PTR>(info.Result);
-    }
-
-    HANDLE heap;
-    PrivateDevMode record{};
-    struct {
-        DEVMODEW devmode{};
-        std::uint8_t extra[400] = {};
-    } publicDM;
-    OPTTYPE optType{};
-    std::array<OPTITEM, 6> items;
-    OPTITEM oemItem{};
-    OEMCUIPPARAM param{};
-    OEMUIPSPARAM sheet{};
-    PROPSHEETUI_INFO info{};
-    HRESULT status = E_UNEXPECTED;
-};
-
-class DocumentSheet : public testing::Test {
+class DocumentSheet : public DocumentSheetTest {
   protected:
-    void SetUp() override {
-        SetModuleHandle(GetModuleHandleA(nullptr));
-        addedPages.clear();
-        ASSERT_EQ(g_SheetCount, 0);
-        ASSERT_EQ(g_SessionBlock, nullptr);
-    }
-    void TearDown() override {
-        while (g_SheetCount > 0)
-            driver.Reason(PROPSHEETUI_REASON_DESTROY);
-        g_SheetCount = 0;
-        g_SessionBlock = nullptr;
-        CSessionAccessor::Release();
-        CSettingManager::Destroy();
-    }
-    void Open() {
-        ASSERT_EQ(hrDocumentPropertyPage(&driver.param), S_OK);
-        driver.Reason(PROPSHEETUI_REASON_INIT);
-        ASSERT_EQ(driver.status, S_OK);
-    }
     // The path of a device profile, its directory made.
     std::string ProfilePath(std::string_view name) {
         return traces.MakeDirectories(FolderPath(CSIDL_COMMON_DOCUMENTS),
@@ -135,7 +23,6 @@ class DocumentSheet : public testing::Test {
     }
 
     Traces traces;
-    Driver driver;
 };
 
 std::vector<std::size_t> MarkedSlots() {
@@ -290,71 +177,6 @@ TEST_F(DocumentSheet, AnswersTheReasonsThatOnlyAsk) {
     EXPECT_EQ(driver.status, S_OK);
 }
 
-TEST_F(DocumentSheet, EndFreesTheSession) {
-    Open();
-    EXPECT_EQ(driver.Reason(PROPSHEETUI_REASON_DESTROY), 1);
-    EXPECT_EQ(g_SheetCount, 0);
-    EXPECT_EQ(g_SessionBlock, nullptr);
-    EXPECT_EQ(CSessionAccessor::Instance()->GetSession(), nullptr);
-}
-
-TEST_F(DocumentSheet, EndOnAnotherThreadFreesNothing) {
-    Open();
-    SessionBlock* const block = g_SessionBlock;
-    std::thread([&] { driver.Reason(PROPSHEETUI_REASON_DESTROY); }).join();
-    EXPECT_EQ(g_SheetCount, 0);
-    EXPECT_EQ(g_SessionBlock, block);
-    EXPECT_EQ(CSessionAccessor::Instance()->GetSession(), block);
-}
-
-TEST_F(DocumentSheet, EndDestroysTheSettingManager) {
-    Open();
-    CSettingManager::GetSettingManager();
-    driver.Reason(PROPSHEETUI_REASON_DESTROY);
-    EXPECT_EQ(CSettingManager::Existing(), nullptr);
-}
-
-TEST_F(DocumentSheet, EndOnAnotherThreadKeepsTheSettingManager) {
-    Open();
-    CSettingManager* const manager = CSettingManager::GetSettingManager();
-    std::thread([&] { driver.Reason(PROPSHEETUI_REASON_DESTROY); }).join();
-    EXPECT_EQ(CSettingManager::Existing(), manager);
-}
-
-// Only a manager that is made anew loads the standard settings.
-TEST_F(DocumentSheet, StartDestroysTheSettingManagerThatASheetLeftWhichEndedOnAnotherThread) {
-    Open();
-    CSettingManager::GetSettingManager();
-    std::thread([&] { driver.Reason(PROPSHEETUI_REASON_DESTROY); }).join();
-    ASSERT_NE(CSettingManager::Existing(), nullptr);
-    Driver next;
-    ASSERT_EQ(hrDocumentPropertyPage(&next.param), S_OK);
-    EXPECT_NE(g_SessionBlock, nullptr);
-    EXPECT_EQ(CSettingManager::Existing(), nullptr);
-}
-
-TEST_F(DocumentSheet, StartOfASecondSheetKeepsTheSettingManager) {
-    Open();
-    CSettingManager* const manager = CSettingManager::GetSettingManager();
-    Driver second;
-    ASSERT_EQ(hrDocumentPropertyPage(&second.param), S_OK);
-    EXPECT_EQ(CSettingManager::Existing(), manager);
-}
-
-TEST_F(DocumentSheet, EndDestroysTheSettingManagerAlsoWithoutASession) {
-    Open();
-    Driver second;
-    auto box = AnswerNextMessageBox();
-    second.Reason(PROPSHEETUI_REASON_INIT);
-    box.get();
-    second.Reason(PROPSHEETUI_REASON_DESTROY);
-    ASSERT_EQ(g_SessionBlock, nullptr);
-    // The first sheet's page goes on and makes it anew.
-    CSettingManager::GetSettingManager();
-    driver.Reason(PROPSHEETUI_REASON_DESTROY);
-    EXPECT_EQ(CSettingManager::Existing(), nullptr);
-}
-
 TEST_F(DocumentSheet, ForgetsASessionWhoseSheetNeverOpened) {
     ASSERT_EQ(hrDocumentPropertyPage(&driver.param), S_OK);
     driver.param.pOEMOptItems = nullptr;
@@ -363,56 +185,6 @@ TEST_F(DocumentSheet, ForgetsASessionWhoseSheetNeverOpened) {
     EXPECT_EQ(CSessionAccessor::Instance()->GetSession(), nullptr);
     EXPECT_EQ(driver.Reason(PROPSHEETUI_REASON_INIT), 0);
     EXPECT_TRUE(addedPages.empty());
-}
-
-TEST_F(DocumentSheet, EndAfterAFailedStartLeavesTheCountAt0) {
-    EXPECT_EQ(driver.Reason(PROPSHEETUI_REASON_INIT), 0);
-    driver.Reason(PROPSHEETUI_REASON_DESTROY);
-    EXPECT_EQ(g_SheetCount, 0);
-    Open();
-    EXPECT_EQ(g_SheetCount, 1);
-}
-
-TEST_F(DocumentSheet, EndOfARefusedSecondSheetOnAnotherThreadKeepsTheFirstSheetsSession) {
-    Open();
-    Driver second;
-    auto box = AnswerNextMessageBox();
-    second.Reason(PROPSHEETUI_REASON_INIT);
-    box.get();
-    SessionBlock* const block = g_SessionBlock;
-    std::thread([&] { second.Reason(PROPSHEETUI_REASON_DESTROY); }).join();
-    EXPECT_EQ(g_SheetCount, 1);
-    EXPECT_EQ(g_SessionBlock, block);
-}
-
-TEST_F(DocumentSheet, SecondSheetShowsTheMessageAndAddsNothing) {
-    Open();
-    Driver second;
-    EXPECT_EQ(hrDocumentPropertyPage(&second.param), S_OK);
-    EXPECT_EQ(second.items[0].Flags & OPTIF_HIDE, 0u) << "the second sheet's items stay untouched";
-
-    auto box = AnswerNextMessageBox();
-    EXPECT_EQ(second.Reason(PROPSHEETUI_REASON_INIT), 0);
-    EXPECT_EQ(second.status, S_OK);
-    const MessageBoxSeen seen = box.get();
-    EXPECT_EQ(seen.caption, "警告");
-    EXPECT_EQ(seen.text, "PrintServerKXタブページは、既に使用されているため、表示することができません。");
-    EXPECT_EQ(addedPages.size(), 2u);
-    EXPECT_EQ(g_SheetCount, 2);
-}
-
-TEST_F(DocumentSheet, EndOfARefusedSecondSheetFreesTheFirstSheetsSessionAndASecondFreeFreesNothing) {
-    Open();
-    Driver second;
-    auto box = AnswerNextMessageBox();
-    second.Reason(PROPSHEETUI_REASON_INIT);
-    box.get();
-
-    second.Reason(PROPSHEETUI_REASON_DESTROY);
-    EXPECT_EQ(g_SheetCount, 1);
-    EXPECT_EQ(g_SessionBlock, nullptr);
-    EXPECT_EQ(driver.Reason(PROPSHEETUI_REASON_DESTROY), 1);
-    EXPECT_EQ(g_SheetCount, 0);
 }
 
 TEST_F(DocumentSheet, WithoutDotNetCreatesNoSessionAndSaysWhy) {
