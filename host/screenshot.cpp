@@ -1,6 +1,7 @@
 #include "host/screenshot.h"
 
 #include "Common/win_handles.h"
+#include "host/window_outline.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -16,10 +17,11 @@ namespace {
 
 constexpr CLSID kPngEncoder = {0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
 
-// The device context of a window's content, or of the screen for a null window.
+// The device context of a window's content or, by GetWindowDC, of all that the window itself paints; of the
+// screen for a null window.
 class WindowDc {
   public:
-    explicit WindowDc(HWND window) : m_window(window), m_dc(GetDC(window)) {}
+    explicit WindowDc(HWND window, decltype(&GetDC) get = &GetDC) : m_window(window), m_dc(get(window)) {}
     ~WindowDc() { ReleaseDC(m_window, m_dc); }
     WindowDc(const WindowDc&) = delete;
     WindowDc& operator=(const WindowDc&) = delete;
@@ -52,7 +54,7 @@ class Canvas {
         BITMAPINFO info{};
         info.bmiHeader.biSize = sizeof info.bmiHeader;
         info.bmiHeader.biWidth = m_size.cx;
-        info.bmiHeader.biHeight = m_size.cy;
+        info.bmiHeader.biHeight = -m_size.cy; // from the top down
         info.bmiHeader.biPlanes = 1;
         info.bmiHeader.biBitCount = 32;
         std::vector<std::uint32_t> pixels(static_cast<std::size_t>(m_size.cx) *
@@ -63,6 +65,8 @@ class Canvas {
             pixel &= 0xFFFFFF;
         return pixels;
     }
+
+    HDC Get() const { return m_dc; }
 
     // Takes the bitmap out; nothing more can be copied into it.
     UniqueBitmap Release() {
@@ -94,6 +98,16 @@ Place ContentOf(HWND window) {
     POINT corner{};
     ClientToScreen(window, &corner);
     return {corner, {content.right, content.bottom}};
+}
+
+// A window manager's frame may be narrower than the one that the platform reckons with, and the rest of the
+// window's rectangle shows what is behind. What the window itself paints is all of the rectangle where there
+// is no such frame.
+Place ShownPart(const Canvas& whole, SIZE size, const RECT& painted) {
+    const std::vector<std::uint32_t> pixels = whole.Pixels();
+    const PixelBox part =
+        OutlinedPart({pixels, size.cx, size.cy}, {painted.left, painted.top, painted.right, painted.bottom});
+    return {{part.left, part.top}, {part.right - part.left, part.bottom - part.top}};
 }
 
 void PaintNow(HWND window) {
@@ -145,17 +159,23 @@ bool IsOnScreen(HWND window) {
 std::string WriteScreenshot(HWND window, const std::wstring& file) {
     PaintNow(window);
     const Place frame = FrameOf(window);
-    const Place content = ContentOf(window);
     if (frame.size.cx <= 0 || frame.size.cy <= 0)
         return "the window has no area";
-    // A window manager's frame is on the screen only; the content is complete in the window's own device
-    // context, even where something covers it.
-    Canvas canvas(frame.size);
-    const POINT inset{content.corner.x - frame.corner.x, content.corner.y - frame.corner.y};
-    if (!canvas.Copy({0, 0}, frame.size, WindowDc(nullptr).Get(), frame.corner) ||
-        !canvas.Copy(inset, content.size, WindowDc(window).Get(), {0, 0}))
+    // A window manager's frame is on the screen only; what the window itself paints is complete in its own
+    // device context, even where something covers it.
+    const Canvas whole(frame.size);
+    const WindowDc own(window, &GetWindowDC);
+    RECT painted{};
+    GetClipBox(own.Get(), &painted);
+    if (!whole.Copy({0, 0}, frame.size, WindowDc(nullptr).Get(), frame.corner) ||
+        !whole.Copy({painted.left, painted.top}, {painted.right - painted.left, painted.bottom - painted.top},
+                    own.Get(), {painted.left, painted.top}))
         return "the window's picture can't be taken";
-    if (!PngWriter().Save(canvas.Release().Get(), file))
+    const Place part = ShownPart(whole, frame.size, painted);
+    Canvas picture(part.size);
+    if (!picture.Copy({0, 0}, part.size, whole.Get(), part.corner))
+        return "the window's picture can't be taken";
+    if (!PngWriter().Save(picture.Release().Get(), file))
         return "the picture can't be written";
     return "";
 }
