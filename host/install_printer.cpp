@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cwchar>
 #include <filesystem>
 #include <optional>
 #include <string_view>
@@ -158,23 +159,53 @@ class Installer {
         return list + L'\0';
     }
 
-    bool HasDriver() const {
+    // What the spooler holds of the driver: level 3 of all drivers, and the row in it.
+    struct Registered {
+        std::vector<BYTE> all;
+        const DRIVER_INFO_3W* driver = nullptr; // null if it is not there
+    };
+
+    Registered FindDriver() const {
         std::wstring environment = kEnvironment;
         DWORD needed = 0;
         DWORD count = 0;
-        EnumPrinterDriversW(nullptr, environment.data(), 1, nullptr, 0, &needed, &count);
-        std::vector<BYTE> buffer(needed);
-        if (!EnumPrinterDriversW(nullptr, environment.data(), 1, buffer.data(), needed, &needed, &count))
-            return false;
-        const auto* drivers = reinterpret_cast<const DRIVER_INFO_1W*>(buffer.data());
-        return std::any_of(drivers, drivers + count, [&](const DRIVER_INFO_1W& driver) {
-            return m_package.driverName == driver.pName;
-        });
+        Registered found;
+        EnumPrinterDriversW(nullptr, environment.data(), 3, nullptr, 0, &needed, &count);
+        found.all.resize(needed);
+        if (!EnumPrinterDriversW(nullptr, environment.data(), 3, found.all.data(), needed, &needed, &count))
+            return found;
+        const auto* drivers = reinterpret_cast<const DRIVER_INFO_3W*>(found.all.data());
+        const auto* end = drivers + count;
+        const auto* driver = std::find_if(
+            drivers, end, [&](const DRIVER_INFO_3W& one) { return m_package.driverName == one.pName; });
+        if (driver != end)
+            found.driver = driver;
+        return found;
     }
 
-    // Registering it again brings a changed list of files.
+    // The spooler tells paths of its own folder, where Wine itself has put the graphics driver. The content
+    // of the package's files is of no interest: CopyFiles has brought it.
+    bool IsAsWanted(const DRIVER_INFO_3W& driver) const {
+        const auto names = [](const wchar_t* path, const std::wstring& wanted) {
+            return path && std::filesystem::path(path).filename() == std::filesystem::path(wanted).filename();
+        };
+        const wchar_t* file = driver.pDependentFiles ? driver.pDependentFiles : L"";
+        for (const std::wstring& name : m_package.dependentFiles)
+            if (Exists(name)) {
+                if (!names(file, name))
+                    return false;
+                file += std::wcslen(file) + 1;
+            }
+        return !*file && names(driver.pConfigFile, m_package.configFile) &&
+               names(driver.pDataFile, m_package.dataFile) && names(driver.pDriverPath, GraphicsDriver());
+    }
+
+    // Registering a driver again brings a changed list of files, and has the spooler copy all of them, many
+    // megabytes.
     bool AddDriver() const {
-        bool there = HasDriver();
+        const Registered registered = FindDriver();
+        if (registered.driver && IsAsWanted(*registered.driver))
+            return false;
         std::wstring name = m_package.driverName;
         std::wstring environment = kEnvironment;
         std::wstring graphics = GraphicsDriver();
@@ -193,7 +224,7 @@ class Installer {
                                  APD_COPY_NEW_FILES | APD_COPY_FROM_DIRECTORY) &&
             GetLastError() != ERROR_PRINTER_DRIVER_ALREADY_INSTALLED)
             Fail(L"The driver can't be added to the spooler");
-        return !there;
+        return !registered.driver;
     }
 
     bool AddPrinterOf(const std::wstring& printerName) const {

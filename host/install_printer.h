@@ -38,9 +38,10 @@ struct InstallResult {
     std::wstring lacking;         // what the printer has to do without, one sentence; "" if nothing
 };
 
-// Copies what differs from `sourceDirectory` into the spooler's driver folder, registers the driver and adds
-// the printer where they are not there. A file that a running program holds is moved aside, not overwritten.
-// A source folder without the application leaves an installed one where it is.
+// Copies what differs from `sourceDirectory` into the spooler's driver folder, registers the driver where it
+// is not there or its list of files has changed, and adds the printer where it is not there. A file that a
+// running program holds is moved aside, not overwritten. A source folder without the application leaves an
+// installed one where it is.
 InstallResult InstallPrinter(const std::wstring& sourceDirectory,
                              const std::wstring& printerName = kPrinterName,
                              const DriverPackage& package = {});

@@ -1,13 +1,7 @@
 // The job property application's way to the path at which the plug-in starts it.
-#include "host/install_printer.h"
-#include "tests/support/own_folder.h"
+#include "tests/host/install_fixture.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
 #include <iterator>
-#include <string>
 
 #include <windows.h>
 
@@ -15,15 +9,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr wchar_t kTestPrinter[] = L"X100 Application Test";
-
 std::string Bytes(const fs::path& file) {
     std::ifstream stream(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-void Write(const fs::path& file, const std::string& bytes) {
-    std::ofstream(file, std::ios::binary) << bytes;
 }
 
 // A process that never comes to its first instruction; it holds its program's file as a running one does.
@@ -53,35 +41,15 @@ class HeldProgram {
     PROCESS_INFORMATION m_process{};
 };
 
-// A package in a folder of the test's own, whose application goes to another one.
-class InstallApplication : public testing::Test {
+class InstallApplication : public InstallTest {
   protected:
     void SetUp() override {
-        m_folder = fs::temp_directory_path() / (L"x100application" + std::to_wstring(GetCurrentProcessId()));
-        m_source = m_folder / "package";
-        fs::create_directories(m_source);
-        fs::copy_file(OwnFolder() / L"x100drvui.dll", m_source / "x100drvui.dll");
-        fs::copy_file(ZR_TEST_DATA_DIR "/small.ppd", m_source / "x100app.ppd");
-        Write(m_source / "x100app.ini", "[OEMFiles]\n");
+        InstallTest::SetUp();
         Write(m_source / "PrinterDriverApplication.exe", "first");
-        m_package.driverName = L"X100 Application Test Driver";
-        m_package.dataFile = L"x100app.ppd";
-        m_package.dependentFiles = {L"x100app.ini"};
         m_package.applicationPath = Target().wstring();
-    }
-    void TearDown() override {
-        RemovePrinter(kTestPrinter);
-        std::error_code ignored;
-        fs::remove_all(m_folder, ignored);
     }
 
     fs::path Target() const { return m_folder / "programs" / "PrinterDriverApplication.exe"; }
-
-    InstallResult Install() const { return InstallPrinter(m_source.wstring(), kTestPrinter, m_package); }
-
-    fs::path m_folder;
-    fs::path m_source;
-    DriverPackage m_package;
 };
 
 TEST_F(InstallApplication, PathIsThatOfThePlugInsCommandLines) {

@@ -13,6 +13,10 @@ export ZR_WINEPREFIX=$work/prefix
 
 remove_prefix() {
     [ ! -d "$ZR_WINEPREFIX" ] || (. "$ZR_ROOT/tools/wine-env.sh" && /usr/lib/wine/wineserver64 -k) || true
+    # The prefix names the folder that its server has among the temporary ones.
+    local server_folder
+    server_folder=$(cat "$ZR_WINEPREFIX/wineserver" 2>/dev/null) || true
+    case $server_folder in */*) ;; wine-??????) rm -rf "${TMPDIR:-/tmp}/$server_folder" ;; esac
     rm -rf "$ZR_WINEPREFIX" "$ZR_WINEPREFIX".*
 }
 running=
