@@ -37,23 +37,14 @@ std::optional<PpdError> CheckBytes(std::string_view bytes) {
     return std::nullopt;
 }
 
-template <class List>
-std::optional<std::size_t> FindKeyword(const List& list, std::string_view keyword) {
-    auto found =
-        std::ranges::find(list, keyword, [](const auto& entry) { return std::string_view(entry.keyword); });
-    if (found == list.end())
-        return std::nullopt;
-    return static_cast<std::size_t>(found - list.begin());
-}
-
 } // namespace
 
-std::optional<std::size_t> Feature::FindOption(std::string_view optionKeyword) const {
-    return FindKeyword(options, optionKeyword);
-}
-
 std::optional<std::size_t> PpdFile::FindFeature(std::string_view keyword) const {
-    return FindKeyword(features, keyword);
+    const auto found = std::ranges::find(
+        features, keyword, [](const Feature& feature) { return std::string_view(feature.keyword); });
+    if (found == features.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(found - features.begin());
 }
 
 std::variant<PpdFile, PpdError> Parse(std::string_view bytes) {

@@ -36,8 +36,6 @@ struct Feature {
     std::string group;           // "" outside any group
     std::vector<Option> options; // in file order, at least one
     std::size_t defaultOption = 0;
-
-    std::optional<std::size_t> FindOption(std::string_view optionKeyword) const;
 };
 
 // In points. Stands for the PageSize option at the same index.

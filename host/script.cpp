@@ -1,6 +1,6 @@
 #include "host/script.h"
 
-#include "host/utf8.h"
+#include "host/script_words.h"
 
 #include <algorithm>
 #include <array>
@@ -11,11 +11,6 @@
 
 namespace script {
 namespace {
-
-struct Word {
-    std::string text;
-    bool quoted = false;
-};
 
 enum class Argument {
     None,
@@ -133,73 +128,6 @@ constexpr std::array kForms{
     Form{"expect", "message", Verb::ExpectMessage, {Text}, "\"text\"", "a message box with this text is up"},
 };
 
-// Reading a line throws its message; Parse adds the line.
-[[noreturn]] void Fail(std::string message) {
-    throw std::move(message);
-}
-
-bool IsBlank(char c) {
-    return c == ' ' || c == '\t';
-}
-
-void CheckCharacters(std::string_view line) {
-    while (!line.empty()) {
-        const std::size_t length = Utf8SequenceLength(line);
-        if (length == 0)
-            Fail("not UTF-8");
-        const unsigned char lead = static_cast<unsigned char>(line.front());
-        if ((lead < 0x20 && lead != '\t') || lead == 0x7F)
-            Fail("control character");
-        line.remove_prefix(length);
-    }
-}
-
-// Takes a quoted word off the head of `line`, which begins with its quote.
-Word TakeQuoted(std::string_view& line) {
-    Word word{"", true};
-    for (std::size_t i = 1; i < line.size(); ++i) {
-        if (line[i] == '"') {
-            line.remove_prefix(i + 1);
-            if (!line.empty() && !IsBlank(line.front()))
-                Fail("no blank after a closing quote");
-            return word;
-        }
-        if (line[i] != '\\') {
-            word.text += line[i];
-            continue;
-        }
-        if (++i == line.size())
-            break;
-        switch (line[i]) {
-        case 'n': word.text += '\n'; break;
-        case '"':
-        case '\\': word.text += line[i]; break;
-        default: Fail("unknown escape in a quoted text");
-        }
-    }
-    Fail("no closing quote");
-}
-
-Word TakeBare(std::string_view& line) {
-    const std::size_t length = std::min(line.find_first_of(" \t"), line.size());
-    Word word{std::string(line.substr(0, length)), false};
-    if (word.text.find('"') != std::string::npos)
-        Fail("quote inside a word");
-    line.remove_prefix(length);
-    return word;
-}
-
-std::vector<Word> Words(std::string_view line) {
-    std::vector<Word> words;
-    for (;;) {
-        while (!line.empty() && IsBlank(line.front()))
-            line.remove_prefix(1);
-        if (line.empty() || line.front() == '#')
-            return words;
-        words.push_back(line.front() == '"' ? TakeQuoted(line) : TakeBare(line));
-    }
-}
-
 // A decimal number that is at least `minimum` and at most `maximum`.
 std::optional<std::int64_t> ToNumber(const Word& word, std::int64_t minimum, std::int64_t maximum) {
     std::int64_t number = 0;
@@ -213,7 +141,7 @@ std::optional<std::int64_t> ToNumber(const Word& word, std::int64_t minimum, std
 std::int64_t NumberOf(const Word& word, std::int64_t minimum, std::int64_t maximum, std::string_view what) {
     const auto number = ToNumber(word, minimum, maximum);
     if (!number)
-        Fail(Quoted(word.text) + " is not " + std::string(what));
+        FailLine(Quoted(word.text) + " is not " + std::string(what));
     return *number;
 }
 
@@ -225,7 +153,7 @@ Value OneOf(const Word& word, const std::array<std::pair<std::string_view, Value
             return value;
         names += (names.empty() ? "" : ", ") + std::string(name);
     }
-    Fail(Quoted(word.text) + " is none of " + names);
+    FailLine(Quoted(word.text) + " is none of " + names);
 }
 
 constexpr std::array<std::pair<std::string_view, int>, 3> kSheetButtons{
@@ -258,7 +186,7 @@ std::string NameOf(const Word& word) {
             return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
         });
     if (!isName)
-        Fail(Quoted(word.text) + " is not the name of a value");
+        FailLine(Quoted(word.text) + " is not the name of a value");
     return word.text;
 }
 
@@ -277,7 +205,7 @@ void Take(Action& action, Argument argument, const Word& word) {
     case Text: action.text = word.text; break;
     case File:
         if (word.text.empty())
-            Fail("no file name");
+            FailLine("no file name");
         action.text = word.text;
         break;
     case OnOff: action.number = OneOf(word, kOnOff); break;
@@ -309,9 +237,9 @@ const Form& FormOf(std::span<const Word> words) {
             return form;
     }
     if (words[0].text == "expect")
-        Fail(words.size() > 1 ? "nothing called " + Quoted(words[1].text) + " can be expected"
-                              : "expect what?");
-    Fail("unknown action " + Quoted(words[0].text));
+        FailLine(words.size() > 1 ? "nothing called " + Quoted(words[1].text) + " can be expected"
+                                  : "expect what?");
+    FailLine("unknown action " + Quoted(words[0].text));
 }
 
 std::string Signature(const Form& form) {
@@ -330,20 +258,11 @@ Action Read(std::span<const Word> words) {
     const auto count = static_cast<std::size_t>(
         std::ranges::count_if(form.arguments, [](Argument argument) { return argument != None; }));
     if (words.size() != count)
-        Fail((words.size() < count ? "too few words, wanted: " : "too many words, wanted: ") +
-             Signature(form));
+        FailLine((words.size() < count ? "too few words, wanted: " : "too many words, wanted: ") +
+                 Signature(form));
     for (std::size_t i = 0; i < count; ++i)
         Take(action, form.arguments[i], words[i]);
     return action;
-}
-
-std::string_view TakeLine(std::string_view& text) {
-    const std::size_t end = text.find('\n');
-    std::string_view line = text.substr(0, end);
-    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-    if (line.ends_with('\r'))
-        line.remove_suffix(1);
-    return line;
 }
 
 } // namespace
@@ -359,7 +278,6 @@ Script Parse(std::string_view text) {
     for (int number = 1; !text.empty(); ++number) {
         const std::string_view line = TakeLine(text);
         try {
-            CheckCharacters(line);
             const std::vector<Word> words = Words(line);
             if (words.empty())
                 continue;

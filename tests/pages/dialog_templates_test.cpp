@@ -2,6 +2,7 @@
 #include "pages/controls.h"
 #include "tests/pages/dialog_controls.h"
 #include "tests/pages/dialog_windows.h"
+#include "tests/pages/keyboard.h"
 
 #include <gtest/gtest.h>
 
@@ -260,7 +261,7 @@ TEST_P(DialogTemplate, BeginsEachColumnOfAGroupAtOnePlace) {
 // 4003 has the one letter that stands twice in the labels' table; 4005 has one that the dialog hides with its
 // row.
 TEST_P(DialogTemplate, HasEachAcceleratorOnce) {
-    std::map<char, std::vector<int>> users;
+    std::map<char, Ids> users;
     for (const HWND control : dialog.Controls()) {
         if (const char letter = AcceleratorOf(TextOf(control)))
             users[letter].push_back(GetDlgCtrlID(control));
@@ -271,8 +272,7 @@ TEST_P(DialogTemplate, HasEachAcceleratorOnce) {
     if (GetParam() == kMediaTypeBypass) {
         EXPECT_EQ(std::exchange(users['S'], {1328}), (std::vector{1328, 1374}));
     }
-    for (const auto& [letter, ids] : users)
-        EXPECT_EQ(ids.size(), 1u) << letter << " of " << ids.front() << " and " << ids.back();
+    ExpectEachLetterOnce(users);
 }
 
 // These stand in no string.

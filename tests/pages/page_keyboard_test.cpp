@@ -1,102 +1,15 @@
-// The pages and dialogs by keyboard alone: Tab reaches every control in the order in which they are read,
-// each accelerator is there once, arrows move radio buttons, Enter and Esc end dialogs.
+// The pages by keyboard alone: Tab reaches every control in the order in which they are read, each
+// accelerator is there once, arrows move radio buttons.
 #include "Common/ProfileInfo.h"
-#include "pages/CustomPageEditDlg.h"
-#include "pages/MediaTypeDlg.h"
 #include "pages/advancedpage.h"
 #include "pages/standardpage.h"
 #include "tests/pages/dialog_windows.h"
-#include "tests/pages/modal_dialog.h"
+#include "tests/pages/keyboard.h"
 #include "tests/pages/page_fixture.h"
 
 #include <algorithm>
-#include <map>
-#include <set>
 
 namespace {
-
-using Ids = std::vector<int>;
-
-// One key, as the message loop of a sheet sees it.
-void Press(HWND dialog, WPARAM key, bool alt = false) {
-    const HWND focus = GetFocus();
-    MSG message{};
-    message.hwnd = focus ? focus : dialog;
-    message.message = alt ? WM_SYSCHAR : WM_KEYDOWN;
-    message.wParam = key;
-    message.lParam = alt ? 1 << 29 : 1;
-    if (!IsDialogMessageA(dialog, &message))
-        DispatchMessageA(&message);
-}
-
-// The control of the dialog that has the focus, or of which a part has it.
-int FocusedControl(HWND dialog) {
-    HWND focus = GetFocus();
-    while (focus && GetParent(focus) != dialog)
-        focus = GetParent(focus);
-    return focus ? GetDlgCtrlID(focus) : 0;
-}
-
-void FocusFirst(HWND dialog) {
-    SetFocus(GetNextDlgTabItem(dialog, nullptr, FALSE));
-}
-
-// The controls that Tab reaches, from the first until it is back there. A wrong order ends after 100 steps.
-Ids WalkByTab(HWND dialog) {
-    FocusFirst(dialog);
-    Ids walked{FocusedControl(dialog)};
-    for (int step = 0; step < 100; ++step) {
-        Press(dialog, VK_TAB);
-        const int reached = FocusedControl(dialog);
-        if (reached == walked.front())
-            break;
-        walked.push_back(reached);
-    }
-    return walked;
-}
-
-// What a user can work: shown and enabled, and no label, frame or picture. Of radio buttons Tab reaches the
-// checked one, so the others do not count; a spin control is worked by the arrow keys of its edit field.
-Ids Workable(HWND dialog) {
-    Ids ids;
-    for (const HWND control : ControlsOf(dialog)) {
-        const bool worked =
-            !IsOfClass(control, WC_STATICA) && !IsGroupBox(control) && !IsOfClass(control, UPDOWN_CLASSA);
-        const bool reached =
-            !IsRadioButton(control) || SendMessageA(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
-        if (worked && reached && IsShown(control) && IsWindowEnabled(control))
-            ids.push_back(GetDlgCtrlID(control));
-    }
-    std::ranges::sort(ids);
-    return ids;
-}
-
-Ids Sorted(Ids ids) {
-    std::ranges::sort(ids);
-    return ids;
-}
-
-// The accelerators of what is shown, each with the controls that have it.
-std::map<char, Ids> Accelerators(HWND dialog) {
-    std::map<char, Ids> users;
-    for (const HWND control : ControlsOf(dialog)) {
-        if (const char letter = AcceleratorOf(TextOf(control)); letter && IsShown(control))
-            users[letter].push_back(GetDlgCtrlID(control));
-    }
-    return users;
-}
-
-std::string Letters(const std::map<char, Ids>& users) {
-    std::string letters;
-    for (const auto& [letter, ids] : users)
-        letters += letter;
-    return letters;
-}
-
-void ExpectEachLetterOnce(HWND dialog) {
-    for (const auto& [letter, ids] : Accelerators(dialog))
-        EXPECT_EQ(ids.size(), 1u) << letter << " of " << ids.front() << " and " << ids.back();
-}
 
 struct ListOfRows {
     int control;
@@ -189,38 +102,12 @@ TEST_F(PageKeyboard, ReachesTheControlsOfTheAdvancedPage) {
 }
 
 TEST_F(PageKeyboard, HasEachAcceleratorOfAPageOnce) {
-    const HWND standard = OpenStandardPage();
-    ExpectEachLetterOnce(standard);
-    EXPECT_EQ(Letters(Accelerators(standard)), "BCDEFGHIJKLMNOPQRSUVWXYZ");
-    const HWND advanced = OpenAdvancedPage();
-    ExpectEachLetterOnce(advanced);
-    EXPECT_EQ(Letters(Accelerators(advanced)), "Z");
+    ExpectLettersOnce(Accelerators(OpenStandardPage()), "BCDEFGHIJKLMNOPQRSUVWXYZ");
+    ExpectLettersOnce(Accelerators(OpenAdvancedPage()), "Z");
 }
 
 TEST_F(PageKeyboard, LeavesTheAcceleratorOfTheSheetsApplyButtonFree) {
     EXPECT_EQ(Accelerators(OpenStandardPage()).count('A'), 0u);
-}
-
-// The texts of a dialog by control, without the frames that nothing names.
-std::map<int, std::string> TextsOf(HWND dialog) {
-    std::map<int, std::string> texts;
-    for (const HWND control : ControlsOf(dialog)) {
-        if (IsOfClass(control, WC_STATICA) || IsOfClass(control, WC_BUTTONA))
-            texts[GetDlgCtrlID(control)] = TextOf(control);
-    }
-    return texts;
-}
-
-INT_PTR CALLBACK NoProcedure(HWND, UINT, WPARAM, LPARAM) {
-    return FALSE;
-}
-
-// A template is translated and laid out by what it shows; the page then sets the same texts from the string
-// table.
-void ExpectTextsOfTemplate(HWND dialog, int id) {
-    const HWND plain = CreateDialogParamA(nullptr, MAKEINTRESOURCEA(id), GetParent(dialog), NoProcedure, 0);
-    EXPECT_EQ(TextsOf(dialog), TextsOf(plain)) << id;
-    DestroyWindow(plain);
 }
 
 TEST_F(PageKeyboard, SetsTheTextsThatTheTemplateOfThePageShows) {
@@ -321,98 +208,6 @@ TEST_F(PageKeyboard, HasRoomForEachRowOfItsLists) {
             EXPECT_LE(SizeOfText(combo, row).cx + kArrow + (list.hasImages ? kImage : 0), client.right)
                 << list.control << " " << row;
     }
-}
-
-class DialogKeyboard : public PageTest {
-  protected:
-    // A4, in 1/1000 mm.
-    DialogKeyboard() {
-        ExportedFunc_SetCurrent(301, 210000);
-        ExportedFunc_SetCurrent(302, 297000);
-    }
-};
-
-// What a dialog is like while it is open.
-struct DialogSeen {
-    Ids walked;
-    Ids workable;
-    std::map<char, Ids> accelerators;
-};
-
-DialogSeen LookAt(HWND dialog, int templateId) {
-    ExpectTextsOfTemplate(dialog, templateId);
-    return {WalkByTab(dialog), Workable(dialog), Accelerators(dialog)};
-}
-
-void ExpectDialog(const DialogSeen& seen, const Ids& order, const std::string& letters) {
-    EXPECT_EQ(seen.walked, order);
-    EXPECT_EQ(seen.workable, Sorted(order));
-    EXPECT_EQ(Letters(seen.accelerators), letters);
-    for (const auto& [letter, ids] : seen.accelerators)
-        EXPECT_EQ(ids.size(), 1u) << letter;
-}
-
-TEST_F(DialogKeyboard, ReachesEverythingInTheCustomSizeDialog) {
-    DialogSeen seen;
-    CCustomPageEditDlg dialog(1329, &block);
-    RunModal(dialog, {[&](HWND window) {
-                 seen = LookAt(window, 102);
-                 EndDialog(window, 0);
-             }});
-    ExpectDialog(seen, {1330, 1326, 1319, 1321, 1322, 1331}, "DIMP");
-}
-
-TEST_F(DialogKeyboard, ReachesEverythingInTheMediaDialogOfTheAutomaticTrays) {
-    DialogSeen seen;
-    CMediaTypeDlgAutoTrayPRMT dialog(&block, ProcessProfile(), 4006);
-    RunModal(dialog, {[&](HWND window) {
-                 seen = LookAt(window, 4006);
-                 EndDialog(window, 0);
-             }});
-    ExpectDialog(seen, {1286, 1258, 1, 2, 1012}, "CTZ");
-}
-
-TEST_F(DialogKeyboard, ReachesEverythingInTheMediaDialogOfTheBypassTray) {
-    DialogSeen seen;
-    CMediaTypeBypassTrayDlgPRMT dialog(&block, ProcessProfile(), 4005);
-    RunModal(dialog, {[&](HWND window) {
-                 seen = LookAt(window, 4005);
-                 EndDialog(window, 0);
-             }});
-    ExpectDialog(seen, {1328, 1286, 1258, 1, 2, 1012}, "CSTZ");
-}
-
-TEST_F(DialogKeyboard, MovesTheUnitByTheArrowKeys) {
-    CCustomPageEditDlg dialog(1329, &block);
-    int checked = 0;
-    RunModal(dialog, {[&](HWND window) {
-                 SetFocus(GetDlgItem(window, 1319));
-                 Press(window, VK_DOWN);
-                 checked = FocusedControl(window);
-                 EXPECT_EQ(IsDlgButtonChecked(window, 1320), static_cast<UINT>(BST_CHECKED));
-                 EndDialog(window, 0);
-             }});
-    EXPECT_EQ(checked, 1320);
-}
-
-TEST_F(DialogKeyboard, EndsTheCustomSizeDialogByEnterAndEsc) {
-    CCustomPageEditDlg accepted(1329, &block);
-    EXPECT_EQ(RunModal(accepted, {[](HWND window) {
-                           SetFocus(GetDlgItem(window, 1330));
-                           Press(window, VK_RETURN);
-                       }}),
-              1321);
-    CCustomPageEditDlg left(1329, &block);
-    EXPECT_EQ(RunModal(left, {[](HWND window) { Press(window, VK_ESCAPE); }}), 1322);
-}
-
-TEST_F(DialogKeyboard, EndsTheMediaDialogsByEnterAndEsc) {
-    CMediaTypeDlgAutoTrayPRMT accepted(&block, ProcessProfile(), 4006);
-    EXPECT_EQ(RunModal(accepted, {[](HWND window) { Press(window, VK_RETURN); }}), IDOK);
-    CMediaTypeDlgAutoTrayPRMT left(&block, ProcessProfile(), 4006);
-    EXPECT_EQ(RunModal(left, {[](HWND window) { Press(window, VK_ESCAPE); }}), IDCANCEL);
-    CMediaTypeBypassTrayDlgPRMT bypass(&block, ProcessProfile(), 4005);
-    EXPECT_EQ(RunModal(bypass, {[](HWND window) { Press(window, VK_ESCAPE); }}), IDCANCEL);
 }
 
 } // namespace

@@ -14,6 +14,11 @@
 // instead.
 HWND AwaitDialog(const Application& application, bool isMessageBox);
 
+// Some subjects, by their place in the list.
+inline constexpr int kFinishing = 3;
+inline constexpr int kColor = 8;
+inline constexpr int kSecurity = 15;
+
 struct SettingRow {
     bool isMarked;
     std::string name;
