@@ -1,10 +1,11 @@
 #include "pages/custom_page_size.h"
 
+#include "tests/support/decimal_comma.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
-#include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <random>
@@ -166,20 +167,10 @@ TEST(LengthFromText, EndsAtEveryCharacterThatIsNotOfANumber) {
 }
 
 TEST(Lengths, DoNotDependOnTheLocale) {
-    const char* name = nullptr;
-    for (const char* candidate : {"de_DE.UTF-8", "de_DE", "German", "fr_FR.UTF-8"}) {
-        if (!name)
-            name = std::setlocale(LC_ALL, candidate);
-    }
-    const std::string number = LengthText(12568u);
-    const std::uint32_t read = ThousandthsFromText("12.6");
-    const LengthByUnit lengths = LengthInAllUnits(100000, kMillimeter);
-    std::setlocale(LC_ALL, "C");
-    EXPECT_EQ(number, "12.6");
-    EXPECT_EQ(read, 12600u);
-    EXPECT_EQ(TextsOf(lengths), (Texts{"3.9", "100.0", "283.5"}));
-    if (!name)
-        GTEST_SKIP() << "no locale with a decimal comma on this machine";
+    const DecimalCommaLocale locale;
+    EXPECT_EQ(LengthText(12568u), "12.6");
+    EXPECT_EQ(ThousandthsFromText("12.6"), 12600u);
+    EXPECT_EQ(TextsOf(LengthInAllUnits(100000, kMillimeter)), (Texts{"3.9", "100.0", "283.5"}));
 }
 
 TEST(LengthInAllUnits, HoldsWhatAnEditWouldShow) {

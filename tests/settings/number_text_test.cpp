@@ -1,8 +1,9 @@
 #include "settings/number_text.h"
 
+#include "tests/support/decimal_comma.h"
+
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -329,17 +330,6 @@ class DecimalComma : public std::numpunct<char> {
     std::string do_grouping() const override { return "\3"; }
 };
 
-class NumberTextLocale : public testing::Test {
-  protected:
-    ~NumberTextLocale() override {
-        std::locale::global(m_before);
-        std::setlocale(LC_ALL, "C");
-    }
-
-  private:
-    std::locale m_before;
-};
-
 void ExpectPointsInText() {
     EXPECT_EQ(Hundredths("12.5"), 1250);
     EXPECT_EQ(Hundredths("12,5"), 1200);
@@ -348,17 +338,15 @@ void ExpectPointsInText() {
     EXPECT_EQ(TextFromNumber(1234567), "1234567");
 }
 
-TEST_F(NumberTextLocale, OfTheStreamsChangesNothing) {
-    std::locale::global(std::locale(std::locale::classic(), new DecimalComma));
+TEST(NumberTextLocale, OfTheStreamsChangesNothing) {
+    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new DecimalComma));
     ExpectPointsInText();
+    std::locale::global(before);
 }
 
-#ifdef _WIN32
-TEST_F(NumberTextLocale, OfTheProcessChangesNothing) {
-    ASSERT_NE(std::setlocale(LC_ALL, "German"), nullptr);
-    ASSERT_EQ(std::strtod("12,5", nullptr), 12.5);
+TEST(NumberTextLocale, OfTheProcessChangesNothing) {
+    const DecimalCommaLocale locale;
     ExpectPointsInText();
 }
-#endif
 
 } // namespace
