@@ -98,6 +98,21 @@ std::string RowText(HWND combo, int row) {
     return text;
 }
 
+std::optional<NumberedRow> NumberedRowAt(HWND comboEx, int row) {
+    // A row below 0 is the edit field.
+    if (row < 0)
+        return std::nullopt;
+    std::array<char, 1024> text{};
+    COMBOBOXEXITEMA item{};
+    item.mask = CBEIF_TEXT | CBEIF_LPARAM;
+    item.iItem = row;
+    item.pszText = text.data();
+    item.cchTextMax = static_cast<int>(text.size());
+    if (!SendMessageA(comboEx, CBEM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item)))
+        return std::nullopt;
+    return NumberedRow{item.pszText, static_cast<int>(item.lParam)};
+}
+
 void SelectRow(HWND combo, std::uint32_t value) {
     // A combo box paints itself even for the row that it shows.
     const int shown = SelectedRow(combo);

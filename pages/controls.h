@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -38,6 +39,17 @@ void InsertNumberedRow(HWND comboEx, int row, const std::string& text, int image
 void RemoveRow(HWND combo, int row);
 // "" for a row that is not there.
 std::string RowText(HWND combo, int row);
+
+struct NumberedRow {
+    std::string text; // at most 1023 bytes
+    int number = 0;
+
+    bool operator==(const NumberedRow&) const = default;
+};
+// A row of an extended combo box with its data word; nothing for a row that is not there. The box answers
+// from its own list, where RowText and the data word alone are questions to the combo box within it, which
+// take far longer.
+std::optional<NumberedRow> NumberedRowAt(HWND comboEx, int row);
 
 // Selects the row of a setting's value, its low 16 bits; no row if the combo box has none for it.
 void SelectRow(HWND combo, std::uint32_t value);

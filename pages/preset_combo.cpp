@@ -11,7 +11,9 @@
 #include "settings/SettingManager.h"
 
 #include <array>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -24,8 +26,28 @@ constexpr int kFavoriteImage = 2;
 constexpr int kAtEnd = -1;
 constexpr int kNoRow = -1;
 
-void InsertPreset(HWND presets, int row, const std::string& text, int preset) {
-    InsertNumberedRow(presets, row, text, preset == kStandard ? kStandardImage : kFavoriteImage, preset);
+void InsertPreset(HWND presets, int row, const NumberedRow& preset) {
+    InsertNumberedRow(presets, row, preset.text, preset.number == kStandard ? kStandardImage : kFavoriteImage,
+                      preset.number);
+}
+
+// The standard settings and the manager's favourites.
+std::vector<NumberedRow> PresetRows() {
+    std::vector<NumberedRow> rows{{LoadText(IDS_PRESET_STANDARD), kStandard}};
+    CSettingManager* manager = CSettingManager::Existing();
+    const int count = manager ? static_cast<int>(manager->Count()) : 0;
+    for (int favorite = 0; favorite < count; ++favorite)
+        rows.push_back({std::string(FieldText(manager->Favorite(favorite).Name)), favorite});
+    return rows;
+}
+
+bool Shows(HWND presets, const std::vector<NumberedRow>& rows) {
+    int row = 0;
+    for (const NumberedRow& preset : rows) {
+        if (NumberedRowAt(presets, row++) != preset)
+            return false;
+    }
+    return !NumberedRowAt(presets, row);
 }
 
 bool BeginsWithMark(const std::string& text, const std::string& mark) {
@@ -41,10 +63,11 @@ std::string MarkedText(const std::string& mark, const std::string& text) {
 // The first marked row but for `except`.
 int FindMarkedRow(HWND presets, int except = kNoRow) {
     const std::string mark = LoadText(IDS_PRESET_CHANGED);
-    const auto count = static_cast<int>(SendMessageA(presets, CB_GETCOUNT, 0, 0));
-    for (int row = 0; row < count; ++row) {
-        if (row != except && BeginsWithMark(RowText(presets, row), mark))
+    int row = 0;
+    while (const auto preset = NumberedRowAt(presets, row)) {
+        if (row != except && BeginsWithMark(preset->text, mark))
             return row;
+        ++row;
     }
     return kNoRow;
 }
@@ -65,30 +88,31 @@ void CStandardPageDlg::UpdatePresetCombo() {
     const HWND presets = GetDlgItem(m_hwnd, IDC_PRESET);
     if (!presets)
         return;
-    ClearRows(presets);
     AttachImages(presets, ProcessPageImages().Of(ImageStrip::FavoriteMarks, nullptr));
-    InsertPreset(presets, kAtEnd, LoadText(IDS_PRESET_STANDARD), kStandard);
-    CSettingManager* manager = CSettingManager::Existing();
-    const int count = manager ? static_cast<int>(manager->Count()) : 0;
-    for (int favorite = 0; favorite < count; ++favorite)
-        InsertPreset(presets, kAtEnd, std::string(FieldText(manager->Favorite(favorite).Name)), favorite);
+    const std::vector<NumberedRow> rows = PresetRows();
+    // A page that opens comes here twice.
+    if (Shows(presets, rows))
+        return;
+    ClearRows(presets);
+    for (const NumberedRow& preset : rows)
+        InsertPreset(presets, kAtEnd, preset);
 }
 
 void CStandardPageDlg::SelectPreset(const std::string& name) {
     ZR_LOG_ENTRY();
     const HWND presets = GetDlgItem(m_hwnd, IDC_PRESET);
     // From the top down: a file from elsewhere may have the name of the standard settings.
-    const auto count = static_cast<int>(SendMessageA(presets, CB_GETCOUNT, 0, 0));
     int row = 0;
-    while (row < count && RowText(presets, row) != name)
-        ++row;
-    const bool isThere = !name.empty() && row < count;
+    auto preset = NumberedRowAt(presets, row);
+    while (preset && preset->text != name)
+        preset = NumberedRowAt(presets, ++row);
+    const bool isThere = !name.empty() && preset;
     SelectRow(presets, static_cast<std::uint32_t>(isThere ? row : 0));
 }
 
 std::string CStandardPageDlg::SelectedPreset() const {
     const HWND presets = GetDlgItem(m_hwnd, IDC_PRESET);
-    return RowText(presets, SelectedRow(presets));
+    return NumberedRowAt(presets, SelectedRow(presets)).value_or(NumberedRow{}).text;
 }
 
 void CStandardPageDlg::EnableDeletePreset() {
@@ -103,17 +127,16 @@ void CStandardPageDlg::UpdateChangeItemPresetCombo() {
     const HWND presets = GetDlgItem(m_hwnd, IDC_PRESET);
     CSettingManager* manager = CSettingManager::Existing();
     const int row = SelectedRow(presets);
-    if (!manager || row < 0)
+    const auto preset = NumberedRowAt(presets, row);
+    if (!manager || !preset)
         return;
-    const int preset = SelectedNumber(presets);
-    const std::string text = RowText(presets, row);
-    if (!manager->ChangeFavorite(preset)) {
+    if (!manager->ChangeFavorite(preset->number)) {
         RemoveMarkedRow();
     } else {
         const std::string mark = LoadText(IDS_PRESET_CHANGED);
-        if (BeginsWithMark(text, mark))
+        if (BeginsWithMark(preset->text, mark))
             return;
-        InsertPreset(presets, row + 1, MarkedText(mark, text), preset);
+        InsertPreset(presets, row + 1, {MarkedText(mark, preset->text), preset->number});
         SelectRow(presets, static_cast<std::uint32_t>(row + 1));
     }
     EnableDeletePreset();

@@ -19,6 +19,7 @@
 #include <array>
 #include <exception>
 #include <functional>
+#include <memory>
 #include <source_location>
 #include <span>
 #include <stdexcept>
@@ -26,6 +27,12 @@
 #include <utility>
 
 namespace {
+
+// There for longer than a manager, whose time is that of one sheet: to parse the files anew takes most of the
+// time in which a sheet with many favourites opens. What it keeps between two sheets has a limit of its own,
+// since the process may be any that prints.
+FavoriteCache g_files;
+constexpr std::size_t kMostBytesBetweenSheets = std::size_t{4} * 1024 * 1024;
 
 std::unique_ptr<CSettingManager> g_manager;
 
@@ -72,8 +79,11 @@ void MakeOptionLine(const ddb::CPrintOptionEx& option, CFavoriteFileManager& fil
 
 } // namespace
 
-CSettingManager::CSettingManager() : m_cache(std::make_unique<FavoriteCache>()) {}
-CSettingManager::~CSettingManager() = default;
+CSettingManager::CSettingManager() = default;
+CSettingManager::~CSettingManager() {
+    g_files.DropPasswords();
+    g_files.ShrinkTo(kMostBytesBetweenSheets);
+}
 
 CSettingManager* CSettingManager::GetSettingManager() {
     if (!g_manager)
@@ -129,7 +139,7 @@ int CSettingManager::LoadRegistryToCurrentSettingInfo() {
 void CSettingManager::LoadDefaultSettingInfo(const char* path) {
     ZR_LOG_ENTRY();
     Guarded(__func__, [&] {
-        CFavoriteFileManager files(m_tags);
+        CFavoriteFileManager files(m_tags, &g_files);
         CFavoriteSetting read;
         // A file that is no document counts as read, so that the standard settings become the cleared record.
         const int result = files.LoadFavoriteFromPath(read, path);
@@ -165,7 +175,7 @@ void CSettingManager::LoadFavoriteSettingList() {
 }
 
 void CSettingManager::ReadFavoriteDirectory() {
-    CFavoriteFileManager files(m_tags, m_cache.get());
+    CFavoriteFileManager files(m_tags, &g_files);
     std::vector<std::string> names;
     if (!files.GetFindFavoriteFileList(names))
         return;
@@ -232,7 +242,7 @@ int CSettingManager::SaveFavoriteSetting(int index, int forceFavoriteDir) {
     ZR_LOG_ENTRY();
     const char* const operation = __func__;
     return Guarded(operation, [&] {
-        CFavoriteFileManager files(m_tags, m_cache.get());
+        CFavoriteFileManager files(m_tags, &g_files);
         if (files.WriteFavorite(&Favorite(index), forceFavoriteDir))
             return 1;
         WriteLog("%s %d行目 %s SaveFavorite Error\n", __FILE__, __LINE__, operation);

@@ -4,12 +4,9 @@
 #include "settings/setting_info.h"
 
 #include <cstddef>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
-
-class FavoriteCache;
 
 // All calls come from the property sheet's thread. Where the platform's XML object can't be made no file is
 // read or written, which is logged, and all else works.
@@ -82,5 +79,4 @@ class CSettingManager {
     CDefaultSetting m_default;
     std::vector<CFavoriteSetting> m_favorites;
     std::vector<std::string> m_tags;
-    std::unique_ptr<FavoriteCache> m_cache;
 };

@@ -2,6 +2,7 @@
 
 #include "settings/favorite_texts.h"
 
+#include <iterator>
 #include <utility>
 
 FavoriteCache::FavoriteCache() = default;
@@ -36,8 +37,18 @@ void FavoriteCache::Drop(std::string_view path) {
         Drop(found->second);
 }
 
-void FavoriteCache::Drop(Entries::iterator entry) {
+void FavoriteCache::DropPasswords() {
+    for (auto entry = m_entries.begin(); entry != m_entries.end();)
+        entry = entry->texts->HasPassword() ? Drop(entry) : std::next(entry);
+}
+
+void FavoriteCache::ShrinkTo(std::size_t bytes) {
+    while (m_bytes > bytes)
+        Drop(m_entries.begin());
+}
+
+FavoriteCache::Entries::iterator FavoriteCache::Drop(Entries::iterator entry) {
     m_bytes -= entry->texts->Bytes();
     m_byPath.erase(entry->path);
-    m_entries.erase(entry);
+    return m_entries.erase(entry);
 }

@@ -34,6 +34,10 @@ class FavoriteCache {
     void Keep(std::string_view path, const FileStamp& stamp, std::shared_ptr<const FavoriteTexts> texts);
     // Forgets the file, whatever it holds.
     void Drop(std::string_view path);
+    // Forgets the files that hold a password.
+    void DropPasswords();
+    // Forgets what was kept first until the rest takes no more than that.
+    void ShrinkTo(std::size_t bytes);
 
   private:
     struct Entry {
@@ -43,7 +47,8 @@ class FavoriteCache {
     };
     using Entries = std::list<Entry>;
 
-    void Drop(Entries::iterator entry);
+    // The entry behind it.
+    Entries::iterator Drop(Entries::iterator entry);
 
     Entries m_entries; // in the order in which they were kept
     std::unordered_map<std::string_view, Entries::iterator> m_byPath;

@@ -5,6 +5,7 @@
 #include "settings/print_option_tag_access.h"
 #include "settings/xml_document.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -24,6 +25,10 @@ constexpr std::string_view NameOf(std::size_t row) {
     return kNames[row];
 }
 constexpr NameIndex<kFavoriteNames, NameOf> kByName;
+
+constexpr std::array kPasswordRows{kByName.Find("SecPrintPassword"), kByName.Find("RscPassword"),
+                                   kByName.Find("AuthJobPassword")};
+static_assert(std::ranges::min(kPasswordRows) >= 0);
 
 constexpr std::size_t kLongestText = kOptionValueSize - 1;
 
@@ -64,6 +69,13 @@ std::optional<std::string_view> FavoriteTexts::Find(std::size_t row) const {
     if (span.begin == kMissing)
         return std::nullopt;
     return std::string_view(m_texts).substr(span.begin, span.size);
+}
+
+bool FavoriteTexts::HasPassword() const {
+    return std::ranges::any_of(kPasswordRows, [this](int row) {
+        const auto text = Find(static_cast<std::size_t>(row));
+        return text && !text->empty();
+    });
 }
 
 std::size_t FavoriteTexts::Bytes() const {

@@ -33,6 +33,8 @@ class FavoriteTexts {
     // Nothing if no element has the row's name. The text is valid as long as this object is there.
     std::optional<std::string_view> Find(std::size_t row) const;
 
+    bool HasPassword() const;
+
     // The memory that this object takes in all.
     std::size_t Bytes() const;
 

@@ -8,7 +8,7 @@ if(WIN32)
         window_controls.cpp application.rc)
     set_target_properties(PrinterDriverApplication PROPERTIES WIN32_EXECUTABLE TRUE)
     target_link_libraries(PrinterDriverApplication PRIVATE zr_job_property_command_line zr_job_settings zr_store
-        zr_strings zr_common)
+        zr_strings zr_common zr_stack_guard)
     # The libraries of windows take longer to load than -exit may take, for which a sheet's end waits.
     foreach(library user32 gdi32)
         set(delayed ${CMAKE_CURRENT_BINARY_DIR}/lib${library}_delayed.a)

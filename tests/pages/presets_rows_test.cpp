@@ -53,6 +53,30 @@ TEST_F(PresetRows, OpenWithTheStandardSettingsSelectedWhichCannotBeDeleted) {
     EXPECT_FALSE(CanDelete());
 }
 
+TEST_F(PresetRows, StayAsTheyAreWhileTheListIsTheSame) {
+    OpenPage({Favorite("A")});
+    COMBOBOXEXITEMA item{};
+    item.mask = CBEIF_IMAGE | CBEIF_SELECTEDIMAGE;
+    item.iItem = 1;
+    SendMessageA(Control(kPresets), CBEM_SETITEMA, 0, reinterpret_cast<LPARAM>(&item));
+    Page().UpdatePresetCombo();
+    EXPECT_EQ(Image(1), 0) << "so the row is still the one that was there";
+}
+
+TEST_F(PresetRows, AreMadeAnewWhereOneTooManyStands) {
+    OpenPage({Favorite("A")});
+    Insert(2, "B", 1);
+    Page().UpdatePresetCombo();
+    EXPECT_EQ(Presets(), (Texts{"標準", "A"}));
+}
+
+TEST_F(PresetRows, AreMadeAnewWhereOneHasAnotherNumber) {
+    OpenPage({Favorite("A")});
+    SendMessageA(Control(kPresets), CB_SETITEMDATA, 1, 5);
+    Page().UpdatePresetCombo();
+    EXPECT_EQ(NumbersAndImages(), (Marks{{-1, 1}, {0, 2}}));
+}
+
 TEST_F(PresetRows, HaveTheLabelOfTheFavorites) {
     OpenPage();
     EXPECT_EQ(CaptionOf(page, 1213), "お気に入り(&J):");

@@ -27,6 +27,14 @@ Texts TextsOf(std::size_t bytes = 0) {
     return std::make_shared<const FavoriteTexts>(elements);
 }
 
+Texts TextsWith(const char* name, const char* text) {
+    XmlElements elements;
+    elements.Open(name);
+    elements.AddText(text);
+    elements.Close();
+    return std::make_shared<const FavoriteTexts>(elements);
+}
+
 std::string PathOf(std::size_t number) {
     return "folder\\" + std::to_string(number) + ".pfk";
 }
@@ -173,4 +181,35 @@ TEST(FavoriteCache, HasRoomAgainForWhatWasDropped) {
         for (std::size_t number = 0; number < most; ++number)
             cache.Drop(PathOf(number));
     }
+}
+
+TEST(FavoriteCache, DropsTheFilesWithAPasswordAndNoOther) {
+    FavoriteCache cache;
+    cache.Keep("secure print.pfk", kStamp, TextsWith("SecPrintPassword", "p"));
+    cache.Keep("resources.pfk", kStamp, TextsWith("RscPassword", "p"));
+    cache.Keep("authentication.pfk", kStamp, TextsWith("AuthJobPassword", "p"));
+    cache.Keep("empty.pfk", kStamp, TextsWith("SecPrintPassword", ""));
+    cache.Keep("other.pfk", kStamp, TextsWith("Comment", "p"));
+    cache.DropPasswords();
+    EXPECT_EQ(cache.Find("secure print.pfk", kStamp), nullptr);
+    EXPECT_EQ(cache.Find("resources.pfk", kStamp), nullptr);
+    EXPECT_EQ(cache.Find("authentication.pfk", kStamp), nullptr);
+    EXPECT_NE(cache.Find("empty.pfk", kStamp), nullptr);
+    EXPECT_NE(cache.Find("other.pfk", kStamp), nullptr);
+}
+
+TEST(FavoriteCache, ShrinksByTheFilesThatWereKeptFirst) {
+    FavoriteCache cache;
+    const Texts texts = TextsOf(1000);
+    for (std::size_t number = 0; number < 4; ++number)
+        cache.Keep(PathOf(number), kStamp, texts);
+    cache.ShrinkTo(4 * texts->Bytes());
+    EXPECT_NE(cache.Find(PathOf(0), kStamp), nullptr);
+    cache.ShrinkTo(3 * texts->Bytes() - 1);
+    EXPECT_EQ(cache.Find(PathOf(0), kStamp), nullptr);
+    EXPECT_EQ(cache.Find(PathOf(1), kStamp), nullptr);
+    EXPECT_NE(cache.Find(PathOf(2), kStamp), nullptr);
+    EXPECT_NE(cache.Find(PathOf(3), kStamp), nullptr);
+    cache.ShrinkTo(0);
+    EXPECT_EQ(cache.Find(PathOf(3), kStamp), nullptr);
 }

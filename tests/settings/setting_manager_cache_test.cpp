@@ -57,3 +57,30 @@ TEST_F(SettingManagerCacheTest, WhatTheManagerSavedIsReadAnew) {
     EXPECT_EQ(manager.SaveFavoriteSetting(0, 0), 1);
     EXPECT_EQ(ListedCopies(manager), 22);
 }
+
+// What was read once is not read again: the change that has no stamp stays unseen.
+TEST_F(SettingManagerCacheTest, AnUnchangedFavoriteIsNotReadAgainByTheNextManager) {
+    SaveFavorite("name", MakeFavorite({}, 11));
+    EXPECT_EQ(ListedCopies(*CSettingManager::GetSettingManager()), 11);
+    CSettingManager::Destroy();
+    SaveFavorite("name", MakeFavorite({}, 22));
+    EXPECT_EQ(ListedCopies(*CSettingManager::GetSettingManager()), 11);
+}
+
+TEST_F(SettingManagerCacheTest, AFavoriteWithAPasswordIsForgottenWithItsManager) {
+    CFavoriteSetting favorite = MakeFavorite({}, 11);
+    SetText(favorite.PrintOption(), FieldAt(FieldId::SecPrintPassword), "password");
+    SaveFavorite("name", favorite);
+    EXPECT_EQ(ListedCopies(*CSettingManager::GetSettingManager()), 11);
+    CSettingManager::Destroy();
+    SaveFavorite("name", MakeFavorite({}, 22));
+    EXPECT_EQ(ListedCopies(*CSettingManager::GetSettingManager()), 22);
+}
+
+TEST_F(SettingManagerCacheTest, UnchangedStandardSettingsAreNotReadAgainByTheNextManager) {
+    const std::string path = SaveDefaults("defaults", MakeFavorite({}, 11));
+    EXPECT_EQ(Copies(CSettingManager::Create(path.c_str())->Default()), 11);
+    CSettingManager::Destroy();
+    SaveDefaults("defaults", MakeFavorite({}, 22));
+    EXPECT_EQ(Copies(CSettingManager::Create(path.c_str())->Default()), 11);
+}

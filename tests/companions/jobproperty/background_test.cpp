@@ -5,6 +5,8 @@
 #include "tests/companions/jobproperty/timing.h"
 #include "tests/datamanager/setting_key_fixture.h"
 
+#include <psapi.h>
+
 #include <algorithm>
 #include <fstream>
 #include <vector>
@@ -61,6 +63,19 @@ class Background : public SettingKeyTest {
     }
 };
 
+bool HasLoaded(const Application& application, const char* library) {
+    const UniqueHandle process(
+        OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, application.Id()));
+    std::array<HMODULE, 256> modules{};
+    DWORD size = 0;
+    EXPECT_TRUE(EnumProcessModules(process.Get(), modules.data(), sizeof modules, &size));
+    return std::any_of(modules.begin(), modules.begin() + size / sizeof(HMODULE), [&](HMODULE module) {
+        std::array<char, MAX_PATH> name{};
+        GetModuleBaseNameA(process.Get(), module, name.data(), static_cast<DWORD>(name.size()));
+        return lstrcmpiA(name.data(), library) == 0;
+    });
+}
+
 BOOL CALLBACK CountWindows(HWND window, LPARAM counted) {
     auto& [process, count] = *reinterpret_cast<std::pair<DWORD, int>*>(counted);
     DWORD owner = 0;
@@ -81,6 +96,15 @@ TEST_F(Background, StaysWithoutAWindowUntilItsExitIsAsked) {
 
     EXPECT_EQ(Application(ExitWords(key)).ExitCodeAtEnd(), Code(ExitCode::Done));
     EXPECT_EQ(background.ExitCodeAtEnd(0), Code(ExitCode::Done));
+}
+
+// They take most of the time of a start, beside which the sheet's first page is painted.
+TEST_F(Background, LoadsNoLibraryOfWindows) {
+    const Application background(StartWords(key));
+    AwaitReady(key);
+    for (const char* library : {"user32.dll", "gdi32.dll", "rsaenh.dll"})
+        EXPECT_FALSE(HasLoaded(background, library)) << library;
+    EXPECT_TRUE(HasLoaded(background, "kernel32.dll"));
 }
 
 TEST_F(Background, ChangesNothingInTheKey) {
