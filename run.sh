@@ -7,8 +7,10 @@ called_from=$PWD
 cd "$(dirname "${BASH_SOURCE[0]}")"
 root=$PWD
 tools/setup.sh
+[ -f build/windows/bin/driverhost.exe ] || echo "Building the product, which takes some minutes" >&2
 [ -f build/windows/build.ninja ] || cmake --preset windows >/dev/null
-cmake --build --preset windows --target product >&2
+# Shows what fails, in full, and what is warned of; some steps are taken each time.
+cmake --build --preset windows --target product -- --quiet | sed '/^ninja: no work to do\.$/d' >&2
 
 # Paths in the options are the caller's.
 host=("$root/tools/with-wine.sh" "$root/tools/wine-run.sh" "$root/build/windows/bin/driverhost.exe" "$@")
