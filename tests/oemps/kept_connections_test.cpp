@@ -29,6 +29,11 @@ class ConnectionsKept : public testing::Test {
         Add("b");
     }
 
+    void SetUp() override {
+        ASSERT_EQ(GetFileAttributesA("C:\\qpsp\\Log"), INVALID_FILE_ATTRIBUTES)
+            << "where there is a log, nothing is kept";
+    }
+
     static ConnectionNames List() { return KeptConnections(kConnectionsKey); }
     // Without this, a change of a list that isn't kept would prove nothing.
     static void ExpectKept() { EXPECT_EQ(List(), List()); }

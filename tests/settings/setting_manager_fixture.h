@@ -34,10 +34,6 @@ using ddb::FieldId;
 class LogLines {
   public:
 #if defined(_WIN32)
-    ~LogLines() {
-        DeleteFileA(kFavoriteLog);
-    }
-    LogLines() = default;
     std::vector<std::string> Messages() const {
         return m_log.Messages();
     }

@@ -3,6 +3,8 @@
 
 #include "tests/support/file_contents.h"
 
+#include <gtest/gtest.h>
+
 #include <windows.h>
 
 #include <algorithm>
@@ -17,12 +19,18 @@ class MainLog {
         // An attempt that found no directory keeps the log silent for a second.
         Sleep(1100);
         CreateDirectoryA("C:\\qpsp", nullptr);
-        CreateDirectoryA("C:\\qpsp\\Log", nullptr);
+        CreateDirectoryA(kDirectory, nullptr);
         Forget();
     }
     ~MainLog() {
-        Forget();
-        RemoveDirectoryA("C:\\qpsp\\Log");
+        // Another process may be writing its last lines.
+        for (int attempt = 0; IsThere(kDirectory) && attempt < 100; ++attempt) {
+            Sleep(attempt > 0 ? 20 : 0);
+            Forget();
+            DeleteFileA(kFavorites);
+            RemoveDirectoryA(kDirectory);
+        }
+        EXPECT_FALSE(IsThere(kDirectory)) << "all that runs from now on logs";
         RemoveDirectoryA("C:\\qpsp");
     }
     MainLog(const MainLog&) = delete;
@@ -31,7 +39,7 @@ class MainLog {
     // The messages since the last Forget, without their stamps and line ends.
     std::vector<std::string> Messages() const {
         std::vector<std::string> messages;
-        if (GetFileAttributesA(kFile) == INVALID_FILE_ATTRIBUTES)
+        if (!IsThere(kFile))
             return messages;
         std::istringstream file(FileContents(kFile));
         for (std::string line; std::getline(file, line);)
@@ -48,5 +56,9 @@ class MainLog {
     void Forget() { DeleteFileA(kFile); }
 
   private:
+    static bool IsThere(const char* path) { return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES; }
+
+    static constexpr char kDirectory[] = "C:\\qpsp\\Log";
     static constexpr char kFile[] = "C:\\qpsp\\Log\\debugLog.txt";
+    static constexpr char kFavorites[] = "C:\\qpsp\\Log\\Favorite.txt"; // the favourites' log
 };
