@@ -92,7 +92,7 @@ TEST_F(SystemRunner, FindsARunningProgramByAnyPartOfItsPath) {
 
 TEST_F(SystemRunner, InheritsNoHandles) {
     SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
-    const std::string path = (OwnFolder() / "held_by_nobody.txt").string();
+    const std::string path = (std::filesystem::temp_directory_path() / "held_by_nobody.txt").string();
     const HANDLE file = CreateFileA(path.c_str(), GENERIC_WRITE, 0, &inheritable, CREATE_ALWAYS,
                                     FILE_FLAG_DELETE_ON_CLOSE, nullptr);
     ASSERT_NE(file, INVALID_HANDLE_VALUE);

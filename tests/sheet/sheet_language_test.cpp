@@ -1,8 +1,6 @@
 // The language of the sheets follows the ANSI code page of the process: Japanese with 932, else that of the
 // satellite, which is English. The printer is the same. ctest runs this program once in each; what it expects
 // stands in pairs.
-#include "host/driverhost_text.h"
-#include "tests/sheet/program.h"
 #include "tests/sheet/text_script.h"
 
 #include <gtest/gtest.h>
@@ -69,13 +67,8 @@ TEST_F(SheetLanguage, IsThatOfThePagesTitles) {
 }
 
 TEST_F(SheetLanguage, IsThatOfThePrintersPage) {
-    const std::wstring file = (OwnFolder() / L"sheet_language_device.txt").wstring();
-    const std::string script =
-        driverhost::Utf8OfAnsi("expect page " + In("初期設定", "\"Initial Settings\"") + "\npress cancel\n");
-    WriteBytes(file, {script.begin(), script.end()});
-    const ProgramResult result = RunDriverhost({L"--device", L"--script", file});
-    EXPECT_EQ(result.status, 0u) << result.output;
-    DeleteFileW(file.c_str());
+    PlayText("expect page " + In("初期設定", "\"Initial Settings\"") + "\npress cancel\n", OwnFolder(),
+             {L"--device"});
 }
 
 TEST_F(SheetLanguage, IsThatOfCaptions) {

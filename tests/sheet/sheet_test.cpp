@@ -143,7 +143,7 @@ TEST_F(Sheet, RefusesStoredSettingsThatAreLongerThanADevModeCanBe) {
 }
 
 TEST_F(Sheet, RefusesABrokenDescriptionAndInstallsNothing) {
-    const std::wstring file = OwnFolder() / L"broken.ppd";
+    const std::wstring file = std::filesystem::temp_directory_path() / L"broken.ppd";
     const std::string text = "*PPD-Adobe: \"4.3\"\n*OpenUI *Duplex";
     WriteBytes(file, {text.begin(), text.end()});
     const ProgramResult result = RunDriverhost({L"--ppd", file, L"--script", ScriptFile(L"pages.txt")});

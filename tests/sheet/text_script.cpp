@@ -9,8 +9,10 @@
 
 std::string PlayText(const std::string& text, const std::filesystem::path& folder,
                      std::vector<std::wstring> options) {
-    const std::wstring file =
-        (OwnFolder() / (L"text_script_" + std::to_wstring(GetCurrentProcessId()) + L".txt")).wstring();
+    // In the prefix's own folder: processes of two prefixes may have the same number.
+    const std::wstring file = (std::filesystem::temp_directory_path() /
+                               (L"text_script_" + std::to_wstring(GetCurrentProcessId()) + L".txt"))
+                                  .wstring();
     const std::string script = driverhost::Utf8OfAnsi(text);
     WriteBytes(file, {script.begin(), script.end()});
     options.insert(options.end(), {L"--script", file});
